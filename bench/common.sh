@@ -1,0 +1,31 @@
+# Shared by the comparison scripts: build the release preset, install the peers, time commands.
+set -euo pipefail
+ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+cd "$ROOT"
+source scripts/deps.sh
+
+bench_setup() {
+    lumivex_install "${LUMIVEX_PACKAGES[@]}" exiv2 libimage-exiftool-perl
+    cmake --preset release >/dev/null
+    cmake --build --preset release -j "$(nproc)" >/dev/null
+    LUMIVEX=$ROOT/build/release/src/cli/lumivex
+    FIXTURE=$ROOT/build/release/tests/fixtures/lumivex-fixture
+}
+
+# Best wall time in seconds of three runs of a command (after one warm-up run that also
+# brings the files into the page cache); output goes to /dev/null.
+best_of_3() {
+    "$@" >/dev/null 2>&1 || true
+    local best="" t0 t1 t
+    for _ in 1 2 3; do
+        t0=$(date +%s.%N)
+        "$@" >/dev/null 2>&1 || true
+        t1=$(date +%s.%N)
+        t=$(echo "$t1 - $t0" | bc -l)
+        if [ -z "$best" ] || [ "$(echo "$t < $best" | bc -l)" = 1 ]; then best=$t; fi
+    done
+    echo "$best"
+}
+
+rate() { echo "scale=0; $1 / $2" | bc -l; }
+ratio() { echo "scale=1; $1 / $2" | bc -l; }

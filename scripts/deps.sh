@@ -1,0 +1,22 @@
+# Debian packages the project needs; sourced by scripts/run, scripts/test and .ci/run.
+LUMIVEX_PACKAGES=(
+    cmake ninja-build g++ pkg-config
+    libturbojpeg0-dev
+    libgtest-dev libgmock-dev libbenchmark-dev bc
+    clang-format
+)
+
+# Installs whatever of the given packages is missing (apt-get; sudo when not root).
+lumivex_install() {
+    local missing=()
+    local p
+    for p in "$@"; do
+        dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    local sudo=""
+    [ "$(id -u)" -ne 0 ] && sudo="sudo"
+    echo "Installing: ${missing[*]}"
+    $sudo apt-get update -qq || true
+    DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq "${missing[@]}"
+}

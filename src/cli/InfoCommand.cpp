@@ -1,0 +1,132 @@
+#include "cli/InfoCommand.h"
+
+#include <algorithm>
+#include <string_view>
+#include <thread>
+
+#include "cli/JsonWriter.h"
+#include "cli/OrderedParallel.h"
+#include "core/DisplayText.h"
+#include "exif/ExifReport.h"
+#include "exif/exifGPS.h"
+
+namespace lumivex {
+namespace {
+
+void AppendDict(JsonWriter& json, const char* name, const ExifDict& dict) {
+    json.Raw(",\"");
+    json.Raw(name);
+    json.Raw("\":{");
+    bool first = true;
+    for (const auto& [key, value] : dict) {
+        if (!first) json.Raw(",");
+        first = false;
+        json.Bytes(key);
+        json.Raw(":");
+        if (const auto* i = std::get_if<std::int64_t>(&value)) {
+            json.Integer(*i);
+        } else if (const auto* d = std::get_if<double>(&value)) {
+            json.Double(*d);
+        } else {
+            json.Bytes(std::get<std::string>(value));
+        }
+    }
+    json.Raw("}");
+}
+
+// Report texts end their lines with a carriage return; a terminal wants line feeds.
+void AppendLines(std::string& out, std::string_view text) {
+    for (const char c : text)
+        out += c == '\r' ? '\n' : c;
+}
+
+void Flush(std::string& buffer, std::FILE* out, bool force) {
+    if (buffer.size() < (1u << 16) && !force) return;
+    std::fwrite(buffer.data(), 1, buffer.size(), out);
+    buffer.clear();
+}
+
+}  // namespace
+
+void InfoCommand::AppendJson(const std::string& file, const exifGPS& x, std::string& out) const {
+    JsonWriter json(out);
+    json.Raw("{\"file\":");
+    json.Text(file);
+    json.Raw(x.ret ? ",\"exif\":true" : ",\"exif\":false");
+    AppendDict(json, "IFD0", x.IFD0);
+    AppendDict(json, "IFD1", x.IFD1);
+    AppendDict(json, "IFDe", x.IFDe);
+    AppendDict(json, "IFDg", x.IFDg);
+    out += "}\n";
+}
+
+void InfoCommand::AppendText(const std::string& file, const exifGPS& x, std::string& out) const {
+    out += "== " + DisplayText(file) + " ==\n";
+    if (!x.ret) {
+        out += "Exif情報がありません。\n\n";
+        return;
+    }
+    for (const std::string& text :
+         {x.GetInfo1(), x.GetInfo2(), x.GetInfo3(), x.GetInfo4(), x.GetInfo5(), x.GetInfo6()}) {
+        AppendLines(out, text);
+        out += '\n';
+    }
+    for (const auto& [key, value] : x.IFDg) {
+        const auto text = ExifReport::Value(x.IFDg, key);
+        out += key + "=" + (text ? *text : std::string()) + "\n";
+    }
+    if (!x.IFDg.Empty()) out += '\n';
+}
+
+int InfoCommand::Run(const std::vector<std::string>& args, std::FILE* out, std::FILE* err) {
+    bool asJson = false;
+    std::vector<std::string> files;
+    for (const std::string& a : args) {
+        if (a == "--json") {
+            asJson = true;
+        } else {
+            files.push_back(a);
+        }
+    }
+    if (files.empty()) {
+        std::fputs("usage: lumivex info [--json] FILE...\n", err);
+        return 2;
+    }
+    struct FileResult {
+        bool opened = false;
+        std::string text;
+    };
+    const unsigned threads = std::max(1u, std::min(4u, std::thread::hardware_concurrency()));
+    std::vector<exifGPS> readers(threads);
+    int status = 0;
+    std::string buffer;
+    OrderedParallel<FileResult>::Run(
+        files.size(), threads,
+        [&](unsigned worker, std::size_t i, FileResult& r) {
+            exifGPS& x = readers[worker];
+            x.fitem = files[i];
+            x.InitVal();
+            x.ret = x.LoadFile();
+            r.opened = x.Source().IsOpen();
+            x.Source().Close();
+            r.text.clear();
+            if (asJson) {
+                AppendJson(files[i], x, r.text);
+            } else {
+                AppendText(files[i], x, r.text);
+            }
+        },
+        [&](std::size_t i, FileResult& r) {
+            if (!r.opened) {
+                Flush(buffer, out, true);
+                std::fprintf(err, "lumivex: %s: ファイルを開けません。\n", files[i].c_str());
+                status = 1;
+            }
+            buffer += r.text;
+            Flush(buffer, out, false);
+        });
+    Flush(buffer, out, true);
+    return status;
+}
+
+}  // namespace lumivex

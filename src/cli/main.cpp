@@ -1,0 +1,31 @@
+// lumivex: the headless command over the core library.
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "cli/InfoCommand.h"
+
+namespace {
+
+void Usage(std::FILE* to) {
+    std::fputs(
+        "usage: lumivex COMMAND [ARGS]\n"
+        "  info [--json] FILE...   the Exif report of each file, or its tags as JSON lines\n",
+        to);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    std::vector<std::string> args(argv + 1, argv + argc);
+    if (args.empty() || args[0] == "--help" || args[0] == "-h") {
+        Usage(args.empty() ? stderr : stdout);
+        return args.empty() ? 2 : 0;
+    }
+    const std::string command = args[0];
+    args.erase(args.begin());
+    if (command == "info") return lumivex::InfoCommand().Run(args, stdout, stderr);
+    std::fprintf(stderr, "lumivex: unknown command '%s'\n", command.c_str());
+    Usage(stderr);
+    return 2;
+}

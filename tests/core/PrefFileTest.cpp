@@ -1,0 +1,279 @@
+#include "core/PrefFile.h"
+
+#include <gtest/gtest.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <limits>
+#include <tuple>
+
+namespace fs = std::filesystem;
+
+namespace lumivex {
+namespace {
+
+constexpr std::int64_t kHighlight = 0x123456;
+
+class ScratchDir {
+  public:
+    ScratchDir() {
+        std::string pattern = (fs::temp_directory_path() / "lvx-pref-XXXXXX").string();
+        path_ = mkdtemp(pattern.data());
+    }
+    ~ScratchDir() { fs::remove_all(path_); }
+    const fs::path& path() const { return path_; }
+
+  private:
+    fs::path path_;
+};
+
+std::string Pascal(std::string_view s) {
+    return static_cast<char>(s.size()) + std::string(s);
+}
+
+std::string U32(std::uint32_t v) {
+    return {static_cast<char>(v >> 24), static_cast<char>(v >> 16), static_cast<char>(v >> 8),
+            static_cast<char>(v)};
+}
+
+// A settings file with the given header; strings 17 to 19 in the old long form when asked.
+std::string PrefBytes(std::string_view header, const std::vector<std::int64_t>& ints,
+                      const std::vector<std::string>& strs, bool longForm) {
+    std::string out = Pascal(header) + U32(static_cast<std::uint32_t>(ints.size()));
+    for (const std::int64_t v : ints)
+        out += Pascal(std::to_string(v));
+    out += U32(static_cast<std::uint32_t>(strs.size()));
+    for (std::size_t i = 0; i < strs.size(); ++i) {
+        const bool isLong = longForm && i >= 17 && i <= 19;
+        out += isLong ? U32(static_cast<std::uint32_t>(strs[i].size())) + strs[i] : Pascal(strs[i]);
+    }
+    return out;
+}
+
+void WriteFile(const fs::path& file, const std::string& bytes) {
+    std::ofstream(file, std::ios::binary) << bytes;
+}
+
+Settings Defaults() {
+    Settings s;
+    s.InitAll();
+    return s;
+}
+
+TEST(PrefFile, LoadsEveryLayout) {
+    // Slots that the old layouts lack or that their migration touches.
+    constexpr std::size_t kSlots[] = {5, 6, 8, 42, 45, 50, 51, 52, 53, 54};
+    struct Case {
+        const char* header;
+        bool longForm;  // strings 17 to 19 with a 32-bit length
+        std::int64_t storedTop;
+        std::array<std::int64_t, 10> expected;
+    };
+    // clang-format off
+    const Case cases[] = {
+        {"pref",  true,  20,  {kHighlight, 0xFF, 0xD7DDE5, 100, 200, 1, 2000, 0, 0, 2}},
+        {"pref2", true,  20,  {111, 222, 0xD7DDE5, 100, 200, 1, 2000, 0, 0, 2}},
+        {"pref3", true,  150, {111, 222, 0xD7DDE5, 150, 200, 7, 7, 7, 7, 7}},
+        {"PREF3", true,  20,  {111, 222, 0xD7DDE5, 100, 200, 7, 7, 7, 7, 7}},
+        {"zzz",   true,  20,  {111, 222, 333, 20, 50, 7, 7, 7, 7, 7}},
+        {"pref4", false, 20,  {111, 222, 333, 20, 50, 7, 7, 7, 7, 7}},
+    };
+    // clang-format on
+    for (const Case& c : cases) {
+        std::vector<std::int64_t> ints(101);
+        std::vector<std::string> strs(51);
+        for (std::size_t i = 0; i < ints.size(); ++i)
+            ints[i] = 1000 + std::int64_t(i);
+        for (std::size_t i = 0; i < strs.size(); ++i)
+            strs[i] = 's' + std::to_string(i);
+        ints[0] = 100;
+        const std::int64_t stored[] = {111, 222, 333, c.storedTop, 50, 7, 7, 7, 7, 7};
+        for (std::size_t k = 0; k < 10; ++k)
+            ints[kSlots[k]] = stored[k];
+        if (c.longForm) strs[18] = std::string(300, 'x');
+        ScratchDir dir;
+        WriteFile(dir.path() / "pref", PrefBytes(c.header, ints, strs, c.longForm));
+        Settings s = Defaults();
+        ASSERT_EQ(PrefFile::LoadPref(s, dir.path(), kHighlight), LoadResult::Loaded);
+        for (std::size_t k = 0; k < 10; ++k)
+            EXPECT_EQ(s.gPref[kSlots[k]], c.expected[k]) << c.header << " slot " << kSlots[k];
+        EXPECT_EQ(s.gPref[7], 1007) << c.header;
+        EXPECT_EQ(std::vector(s.gPrefS.begin(), s.gPrefS.end()), strs) << c.header;
+    }
+}
+
+// Every value survives a save and a load, but for strings longer than a Pascal string holds:
+// those are cut at 255 bytes, or at the last whole character when they are valid UTF-8.
+TEST(PrefFile, RoundTripKeepsEveryValue) {
+    std::string mixed = "a";
+    for (int i = 0; i < 100; ++i)
+        mixed += "日";  // three bytes each
+    const std::pair<std::string, std::size_t> cut[] = {{std::string(255, 'y'), 255},
+                                                       {std::string(300, 'x'), 255},
+                                                       {mixed, 253},
+                                                       {std::string(300, '\xFF'), 255},
+                                                       {mixed + "\xFF", 255}};
+    Settings a = Defaults();
+    for (std::size_t i = 1; i < a.gPref.size(); ++i)
+        a.gPref[i] = std::int64_t(i) * 7919 - 300000;
+    a.gPref[1] = std::numeric_limits<std::int64_t>::min();
+    a.gPref[2] = std::numeric_limits<std::int64_t>::max();
+    for (std::size_t i = 1; i < a.gPrefS.size(); ++i)
+        a.gPrefS[i] = "value " + std::to_string(i);
+    a.gPrefS[2] = "";
+    a.gPrefS[3] = "/opt/アプリ/googleearth";
+    a.gPrefS[4] = std::string("\0\xFF\x80 raw", 7);
+    for (std::size_t k = 0; k < std::size(cut); ++k)
+        a.gPrefS[10 + k] = cut[k].first;
+    ScratchDir dir;
+    const fs::path folder = dir.path() / "Lumivex初期設定";
+    fs::create_directory(folder);
+    WriteFile(folder / "pref", "old contents");
+    ASSERT_TRUE(PrefFile::SavePref(a, folder));
+    Settings b;
+    b.InitAll(0);
+    ASSERT_EQ(PrefFile::LoadPref(b, folder), LoadResult::Loaded);
+    for (std::size_t k = 0; k < std::size(cut); ++k)
+        a.gPrefS[10 + k] = cut[k].first.substr(0, cut[k].second);
+    EXPECT_EQ(b.gPref, a.gPref);
+    EXPECT_EQ(b.gPrefS, a.gPrefS);
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1);
+}
+
+TEST(PrefFile, DamagedFilesKeepDefaultsBeyondTheDamage) {
+    struct Case {
+        const char* what;
+        std::string bytes;
+        std::function<void(Settings&)> expect;  // what the file changes in the defaults
+    };
+    std::vector<std::int64_t> many(300);
+    std::vector<std::string> manyStrs(80);
+    for (std::size_t i = 0; i < many.size(); ++i)
+        many[i] = std::int64_t(i) + 5;
+    for (std::size_t i = 0; i < manyStrs.size(); ++i)
+        manyStrs[i] = "v" + std::to_string(i);
+    const std::string p4 = Pascal("pref4");
+    std::string oldCut = Pascal("pref3") + U32(1) + Pascal("100") + U32(51);
+    for (int i = 0; i < 17; ++i)
+        oldCut += Pascal("o");
+    oldCut += U32(0xFFFFFFF0) + "abc";
+    // clang-format off
+    const Case cases[] = {
+        {"empty file", "", [](Settings&) {}},
+        {"header cut", "\x10pre", [](Settings&) {}},
+        {"header only", p4, [](Settings&) {}},
+        {"huge int count", p4 + U32(~0u) + Pascal("100") + Pascal("5") + Pascal("77"),
+         [](Settings& e) { e.gPref[1] = 5, e.gPref[2] = 77; }},
+        // The cut-off rest would read as a string count and a string if reading went on.
+        {"cut inside an int",
+         p4 + U32(101) + Pascal("100") + Pascal("9") + std::string("\x20\0\0\0\x02zz", 7),
+         [](Settings& e) { e.gPref[1] = 9; }},
+        {"huge string count", p4 + U32(1) + Pascal("100") + U32(~0u) + Pascal("50") + Pascal("X:a"),
+         [](Settings& e) { e.gPrefS[1] = "X:a"; }},
+        {"old long string past the end", oldCut, [](Settings& e) {
+             std::fill_n(e.gPrefS.begin(), 17, std::string(1, 'o'));
+             e.gPref[42] = 100; }},  // the old layout's migration still runs
+        {"counts beyond the tables", PrefBytes("pref4", many, manyStrs, false), [&](Settings& e) {
+             std::copy_n(many.begin(), e.gPref.size(), e.gPref.begin());
+             std::copy_n(manyStrs.begin(), e.gPrefS.size(), e.gPrefS.begin()); }},
+    };
+    // clang-format on
+    for (const Case& c : cases) {
+        ScratchDir dir;
+        WriteFile(dir.path() / "pref", c.bytes);
+        Settings s = Defaults();
+        ASSERT_EQ(PrefFile::LoadPref(s, dir.path()), LoadResult::Loaded) << c.what;
+        Settings expected = Defaults();
+        c.expect(expected);
+        EXPECT_EQ(s.gPref, expected.gPref) << c.what;
+        EXPECT_EQ(s.gPrefS, expected.gPrefS) << c.what;
+    }
+}
+
+TEST(PrefFile, MissingOrUnusableFilesAndFolders) {
+    using Prepare = fs::path (*)(const fs::path&);
+    struct Case {
+        const char* what;
+        Prepare setup;  // returns the settings folder
+        LoadResult load;
+        bool saved;
+    };
+    // clang-format off
+    const Case cases[] = {
+        {"missing folder", [](const fs::path& d) { return d / "a" / "Lumivex初期設定"; },
+         LoadResult::FolderCreated, false},
+        {"no file", [](const fs::path& d) { return d; }, LoadResult::NoFile, true},
+        {"pref is a folder", [](const fs::path& d) {
+             fs::create_directories(d / "pref" / "inside"); return d; },
+         LoadResult::Unreadable, false},
+        {"pref is a fifo", [](const fs::path& d) { mkfifo((d / "pref").c_str(), 0600); return d; },
+         LoadResult::Unreadable, true},
+        {"folder is a file", [](const fs::path& d) { WriteFile(d / "f", "x"); return d / "f"; },
+         LoadResult::Unreadable, false},
+    };
+    // clang-format on
+    for (const Case& c : cases) {
+        ScratchDir dir;
+        const fs::path folder = c.setup(dir.path());
+        Settings s = Defaults();
+        EXPECT_EQ(PrefFile::LoadPref(s, folder), c.load) << c.what;
+        EXPECT_EQ(s.gPref, Defaults().gPref) << c.what;
+        if (c.load == LoadResult::FolderCreated) {
+            EXPECT_TRUE(fs::is_directory(folder));
+            fs::remove(folder);  // a save into a missing folder writes nothing
+        }
+        EXPECT_EQ(PrefFile::SavePref(s, folder), c.saved) << c.what;
+        EXPECT_EQ(fs::exists(folder), c.load != LoadResult::FolderCreated) << c.what;
+        if (fs::is_directory(folder)) {  // no temporary file is ever left behind
+            for (const auto& entry : fs::directory_iterator(folder))
+                EXPECT_EQ(entry.path().filename(), "pref") << c.what;
+        }
+    }
+}
+
+TEST(PrefFile, ValReadsTheLeadingNumber) {
+    constexpr std::int64_t kMax = std::numeric_limits<std::int64_t>::max();
+    constexpr std::int64_t kMin = std::numeric_limits<std::int64_t>::min();
+    // clang-format off
+    const std::pair<const char*, std::int64_t> cases[] = {
+        {"", 0}, {"  42", 42}, {"\t7", 7}, {"-17abc", -17}, {"+8", 8}, {"3.99", 3}, {"-3.99", -3},
+        {"1.5e3", 1500}, {"2E2x", 200}, {"1e", 1}, {"1e+", 1}, {".5e1", 5}, {"abc", 0},
+        {"- 5", 0}, {"0x1F", 0}, {"12 34", 12}, {"1e-5", 0}, {"1e30", kMax}, {"-1e30", kMin},
+        {"0.000001e7", 10}, {"9.3e18", kMax}, {"1e99999999999", kMax}, {"0e99999", 0},
+        {"9223372036854775807", kMax}, {"-9223372036854775808", kMin},
+        {"99999999999999999999", kMax}, {"-99999999999999999999", kMin},
+    };
+    // clang-format on
+    for (const auto& [text, value] : cases)
+        EXPECT_EQ(PrefFile::Val(text), value) << text;
+}
+
+TEST(PrefFile, DefaultFolderFollowsTheEnvironment) {
+    const auto env = [](const char* name) {
+        return std::string(std::getenv(name) ? std::getenv(name) : "");
+    };
+    const std::string xdgBack = env("XDG_CONFIG_HOME"), homeBack = env("HOME");
+    const passwd* pw = getpwuid(getuid());
+    // clang-format off
+    const std::tuple<const char*, const char*, fs::path> cases[] = {
+        {"/x/cfg", "/h", "/x/cfg"}, {"", "/h", "/h/.config"}, {"rel/cfg", "/h", "/h/.config"},
+        {nullptr, "/h", "/h/.config"}, {nullptr, nullptr, fs::path(pw ? pw->pw_dir : "") / ".config"}};
+    // clang-format on
+    for (const auto& [xdg, home, base] : cases) {
+        xdg ? setenv("XDG_CONFIG_HOME", xdg, 1) : unsetenv("XDG_CONFIG_HOME");
+        home ? setenv("HOME", home, 1) : unsetenv("HOME");
+        EXPECT_EQ(PrefFile::DefaultFolder(), base / "Lumivex初期設定") << (xdg ? xdg : "-");
+    }
+    xdgBack.empty() ? unsetenv("XDG_CONFIG_HOME") : setenv("XDG_CONFIG_HOME", xdgBack.c_str(), 1);
+    homeBack.empty() ? unsetenv("HOME") : setenv("HOME", homeBack.c_str(), 1);
+}
+
+}  // namespace
+}  // namespace lumivex
