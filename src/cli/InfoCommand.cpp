@@ -18,10 +18,11 @@ void AppendDict(JsonWriter& json, const char* name, const ExifDict& dict) {
     json.Raw(name);
     json.Raw("\":{");
     bool first = true;
-    for (const auto& [key, value] : dict) {
+    for (const auto& item : dict) {
+        const ExifValue& value = item.value;
         if (!first) json.Raw(",");
         first = false;
-        json.Bytes(key);
+        json.Bytes(item.key);
         json.Raw(":");
         if (const auto* i = std::get_if<std::int64_t>(&value)) {
             json.Integer(*i);
@@ -71,7 +72,8 @@ void InfoCommand::AppendText(const std::string& file, const exifGPS& x, std::str
         AppendLines(out, text);
         out += '\n';
     }
-    for (const auto& [key, value] : x.IFDg) {
+    for (const auto& item : x.IFDg) {
+        const std::string& key = item.key;
         const auto text = ExifReport::Value(x.IFDg, key);
         out += key + "=" + (text ? *text : std::string()) + "\n";
     }

@@ -1,6 +1,5 @@
 #include "exif/ExifDict.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
@@ -8,8 +7,7 @@
 namespace lumivex {
 namespace {
 
-// Byte values with ASCII capitals folded to small letters; a table keeps the hot compare of
-// the map to one load a byte.
+// Byte values with ASCII capitals folded to small letters.
 constexpr std::array<unsigned char, 256> MakeFold() {
     std::array<unsigned char, 256> t{};
     for (int i = 0; i < 256; ++i)
@@ -18,30 +16,42 @@ constexpr std::array<unsigned char, 256> MakeFold() {
 }
 constexpr auto kFold = MakeFold();
 
+std::uint32_t FoldedHash(std::string_view key) {
+    std::uint32_t h = 2166136261u;  // FNV-1a
+    for (const char c : key)
+        h = (h ^ kFold[static_cast<unsigned char>(c)]) * 16777619u;
+    return h;
+}
+
 }  // namespace
 
-bool CaseInsensitiveLess::operator()(std::string_view a, std::string_view b) const {
-    const std::size_t n = std::min(a.size(), b.size());
-    for (std::size_t i = 0; i < n; ++i) {
-        const unsigned char x = kFold[static_cast<unsigned char>(a[i])];
-        const unsigned char y = kFold[static_cast<unsigned char>(b[i])];
-        if (x != y) return x < y;
-    }
-    return a.size() < b.size();
+bool ExifDict::EqualKeys(std::string_view a, std::string_view b) {
+    if (a.size() != b.size()) return false;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (kFold[static_cast<unsigned char>(a[i])] != kFold[static_cast<unsigned char>(b[i])])
+            return false;
+    return true;
+}
+
+std::size_t ExifDict::Lookup(std::string_view key, std::uint32_t hash) const {
+    for (std::size_t i = 0; i < items_.size(); ++i)
+        if (items_[i].hash == hash && EqualKeys(items_[i].key, key)) return i;
+    return items_.size();
 }
 
 void ExifDict::Set(std::string_view key, ExifValue value) {
-    auto it = map_.lower_bound(key);
-    if (it != map_.end() && !map_.key_comp()(key, it->first)) {
-        it->second = std::move(value);
+    const std::uint32_t hash = FoldedHash(key);
+    const std::size_t i = Lookup(key, hash);
+    if (i < items_.size()) {
+        items_[i].value = std::move(value);
     } else {
-        map_.emplace_hint(it, std::string(key), std::move(value));
+        items_.push_back(Item{std::string(key), std::move(value), hash});
     }
 }
 
 const ExifValue* ExifDict::Find(std::string_view key) const {
-    auto it = map_.find(key);
-    return it == map_.end() ? nullptr : &it->second;
+    const std::size_t i = Lookup(key, FoldedHash(key));
+    return i < items_.size() ? &items_[i].value : nullptr;
 }
 
 std::optional<double> ExifDict::Number(std::string_view key) const {
@@ -62,7 +72,7 @@ std::optional<std::int64_t> ExifDict::Integer(std::string_view key) const {
 
 std::int64_t SaturatingInt(double value) {
     if (std::isnan(value)) return 0;
-    constexpr double kMax = 9.2233720368547748e18;  // 2^63, the first double out of range
+    constexpr double kMax = 9.2233720368547758e18;  // 2^63, the first double out of range
     if (value >= kMax) return std::numeric_limits<std::int64_t>::max();
     if (value <= -kMax) return std::numeric_limits<std::int64_t>::min();
     return static_cast<std::int64_t>(value);

@@ -147,8 +147,8 @@ TEST(GpsReader, OtherTags) {
                 ASSERT_NE(got, nullptr) << c.name << ": " << key;
                 EXPECT_EQ(*got, value) << c.name << ": " << key;
             }
-            for (const auto& [key, value] : l.x.IFDg)
-                EXPECT_EQ(key.find("27"), std::string::npos) << key;
+            for (const auto& item : l.x.IFDg)
+                EXPECT_EQ(item.key.find("27"), std::string::npos) << item.key;
         }
     }
 }
