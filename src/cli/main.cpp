@@ -4,13 +4,19 @@
 #include <vector>
 
 #include "cli/InfoCommand.h"
+#include "cli/ScanCommand.h"
+#include "cli/ThumbsCommand.h"
 
 namespace {
 
 void Usage(std::FILE* to) {
     std::fputs(
         "usage: lumivex COMMAND [ARGS]\n"
-        "  info [--json] FILE...   the Exif report of each file, or its tags as JSON lines\n",
+        "  info [--json] FILE...   the Exif report of each file, or its tags as JSON lines\n"
+        "  thumbs [--raw] [--out DIR] [--verbose] FOLDER\n"
+        "                          the thumbnails of a folder's pictures into DIR (default: .),\n"
+        "                          as body.jpg re-encoded, or with --raw the embedded bytes\n"
+        "  scan [--verbose] FOLDER the folder's thumbnails as the browser reads them, timed\n",
         to);
 }
 
@@ -25,6 +31,8 @@ int main(int argc, char** argv) {
     const std::string command = args[0];
     args.erase(args.begin());
     if (command == "info") return lumivex::InfoCommand().Run(args, stdout, stderr);
+    if (command == "thumbs") return lumivex::ThumbsCommand().Run(args, stdout, stderr);
+    if (command == "scan") return lumivex::ScanCommand().Run(args, stdout, stderr);
     std::fprintf(stderr, "lumivex: unknown command '%s'\n", command.c_str());
     Usage(stderr);
     return 2;

@@ -87,6 +87,8 @@ std::uint8_t ByteSource::At(std::uint64_t pos) {
 }
 
 void ByteSource::Copy(std::uint64_t pos, std::uint8_t* out, std::size_t n) {
+    // An empty block has no buffer, and memcpy wants a real pointer even for no bytes.
+    if (n == 0) return;
     std::size_t done = 0;
     if (pos < size_) {
         const auto avail = static_cast<std::size_t>(std::min<std::uint64_t>(n, size_ - pos));

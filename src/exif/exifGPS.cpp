@@ -141,12 +141,13 @@ bool exifGPS::LoadFile() {
     const std::uint32_t next = Fold(src_, tail, code, 4);
     IFD1_Offset = next == 0 ? 0 : next + offset;
 
+    if (IFD1_Offset > 0) ReadDirectory(IFD1_Offset, code, IFD1_Max, IFD1_Dir);
+    if (IFD1_Offset > 0) LoadFileIFD1(src_, code);
+    if (!ReadAllTags) return true;
+
     if (IFDe_Offset > 0) ReadDirectory(IFDe_Offset, code, IFDe_Max, IFDe_Dir);
     if (IFDg_Offset > 0) ReadDirectory(IFDg_Offset, code, IFDg_Max, IFDg_Dir);
-    if (IFD1_Offset > 0) ReadDirectory(IFD1_Offset, code, IFD1_Max, IFD1_Dir);
-
     LoadFileIFD0(src_, code);
-    if (IFD1_Offset > 0) LoadFileIFD1(src_, code);
     if (IFDe_Offset > 0) LoadFileIFDexif(src_, code);
     if (IFDg_Offset > 0) LoadFileIFDGPS(src_, code);
     return true;

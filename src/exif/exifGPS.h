@@ -4,18 +4,35 @@
 // is short-lived or reused file after file by one thread; it never decodes image data.
 #include <cstdint>
 #include <filesystem>
+#include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "core/Picture.h"
 #include "exif/ByteSource.h"
 #include "exif/DirEntry.h"
 #include "exif/ExifDict.h"
 
 namespace lumivex {
 
+// A thumbnail as the file embeds it, with the name and type an export suggests for it.
+struct ThumbnailBlock {
+    std::vector<std::uint8_t> bytes;
+    std::string suggestedName;
+    std::string type;  // "image/jpeg" or "image/tiff"
+};
+
 class exifGPS {
   public:
+    // The largest thumbnail block read: far above any camera's (they live in a 64 KiB
+    // segment), and a bound for a damaged length of up to 4 GiB.
+    static constexpr std::uint64_t kMaxThumbnailBytes = 16 * 1024 * 1024;
+
+    // Asks where an export goes: a path, or nothing when the user cancels.
+    using SaveTarget = std::function<std::optional<std::filesystem::path>(const ThumbnailBlock&)>;
+
     static constexpr std::uint32_t kLittleEndian = 0x4949;  // "II"
     static constexpr std::uint32_t kBigEndian = 0x4D4D;     // "MM"
 
@@ -33,9 +50,36 @@ class exifGPS {
     bool ret = false;
     ExifDict IFD0, IFD1, IFDe, IFDg;
 
+    // Set by the caller: turn thumbnails by their own orientation tag; give a file with Exif
+    // but no usable thumbnail the placeholder picture.
+    bool Orientation = false;
+    bool NoThumb = false;
+    // Off: LoadFile decodes only the thumbnail's directory, which is all a scan needs.
+    bool ReadAllTags = true;
+    Picture Thumbnail;
+    int Rotate = 0;  // quarter turns applied to Thumbnail
+    // Why the last GetThumbNail gave no picture, for commands that explain their skips.
+    enum class Outcome { Thumbnail, Unreadable, NoExif, NoThumbnail };
+    Outcome outcome = Outcome::Unreadable;
+
     void InitVal();
     bool LoadFile();
     void GetExif();
+
+    void GetThumbNail();
+    bool GetThumbNailJPEG();
+    bool GetThumbNailTIFF();
+    bool GetThumbNailTIFFalt(std::span<const std::uint8_t> strips);
+    void GetThumbNailNoThumb();
+    void GetThumbNailOrientation();
+
+    // Writes the embedded thumbnail, bytes unchanged, where `ask` says; a cancel is a success.
+    void SaveThumbNail(const SaveTarget& ask);
+    bool SaveThumbNailJPEG(const SaveTarget& ask);
+    bool SaveThumbNailTIFF(const SaveTarget& ask);
+    // The embedded block after a successful LoadFile: the JPEG stream for "Compression" 6,
+    // else the strip data. Nothing when IFD1 lacks the keys that locate it.
+    std::optional<ThumbnailBlock> EmbeddedThumbnail();
 
     // Six report texts, lines ended by gCR.
     void GetInfo(std::string& s1, std::string& s2, std::string& s3, std::string& s4,
@@ -97,6 +141,8 @@ class exifGPS {
     std::string RedirectedText(ByteSource& s, const std::vector<DirEntry>& dir, std::size_t i,
                                std::uint32_t code) const;
     void LoadGpsAngle(ByteSource& s, std::size_t i, std::uint32_t code, bool latitude);
+    std::optional<std::vector<std::uint8_t>> ReadBlock(const char* start, const char* length);
+    bool WriteExport(const std::optional<ThumbnailBlock>& block, const SaveTarget& ask) const;
 
     ByteSource src_;
 };

@@ -33,13 +33,10 @@ TEST(ContainerWalk, MarkersSignatureAndHeader) {
     const std::vector<std::uint8_t> app2 = {0xFF, 0xE2, 0x00, 0x04, 0x00, 0x00};
     const std::vector<std::uint8_t> comment = {0xFF, 0xFE, 0x00, 0x03, 'x'};
     const std::vector<std::uint8_t> secondApp0 = {0xFF, 0xE0, 0x00, 0x04, 0x00, 0x00};
+    // clang-format off
     const WalkCase cases[] = {
         {"plain APP1", [](auto&) {}, true, 12},
-        {"any start bytes",
-         [](auto& b) {
-             b.Soi({0x00, 0x42});
-         },
-         true, 12},
+        {"any start bytes", [](auto& b) { b.Soi({0x00, 0x42}); }, true, 12},
         {"APP0 of 16", [](auto& b) { b.App0(16); }, true, 30},
         {"APP0 of 20", [](auto& b) { b.App0(20); }, true, 34},
         {"two APP0", [&](auto& b) { b.App0(16).Prefix(secondApp0); }, false, 0},
@@ -50,20 +47,13 @@ TEST(ContainerWalk, MarkersSignatureAndHeader) {
         {"other signature", [](auto& b) { b.Signature("Exig"); }, false, 0},
         {"APP1 length 0", [](auto& b) { b.App1LengthOverride(0); }, true, 12},
         {"TIFF number 43", [](auto& b) { b.TiffMagic(43); }, true, 12},
-        {"mark XX",
-         [](auto& b) {
-             b.ByteOrderMark({'X', 'X'});
-         },
-         false, 0},
-        {"mark MM on little data",
-         [](auto& b) {
-             b.ByteOrderMark({'M', 'M'});
-         },
-         false, 0},
+        {"mark XX", [](auto& b) { b.ByteOrderMark({'X', 'X'}); }, false, 0},
+        {"mark MM on little data", [](auto& b) { b.ByteOrderMark({'M', 'M'}); }, false, 0},
         {"IFD0 without entries", [](auto& b) { b.Ifd0().Remove(0x010F).Present(); }, false, 0},
         {"cut ahead of IFD0", [](auto& b) { b.TruncateAt(18); }, false, 0},
         {"cut in the header", [](auto& b) { b.TruncateAt(5); }, false, 0},
     };
+    // clang-format on
     for (const auto& c : cases) {
         ExifJpegBuilder b = Minimal();
         c.change(b);

@@ -27,251 +27,49 @@ const ExifDict& DictOf(const exifGPS& x, Dir d) {
 }
 
 const std::vector<ValueCase>& Cases() {
+    // clang-format off
     static const std::vector<ValueCase> cases = {
-        {"orientation",
-         Dir::Ifd0,
-         [](Ifd& d) { d.Short(0x0112, {6}); },
-         {{"Orientation", I(6)}},
-         {}},
-        {"width SHORT",
-         Dir::Ifd0,
-         [](Ifd& d) { d.Short(0x0100, {160}); },
-         {{"ImageWidth", I(160)}},
-         {}},
-        {"width LONG",
-         Dir::Ifd0,
-         [](Ifd& d) { d.Long(0x0100, {160}); },
-         {{"ImageWidth", D(160)}},
-         {}},
-        {"width RATIONAL",
-         Dir::Ifd0,
-         [](Ifd& d) {
-             d.Rational(0x0100, {{160, 1}});
-         },
-         {},
-         {"ImageWidth"}},
+        {"orientation", Dir::Ifd0, [](Ifd& d) { d.Short(0x0112, {6}); }, {{"Orientation", I(6)}}, {}},
+        {"width SHORT", Dir::Ifd0, [](Ifd& d) { d.Short(0x0100, {160}); }, {{"ImageWidth", I(160)}}, {}},
+        {"width LONG", Dir::Ifd0, [](Ifd& d) { d.Long(0x0100, {160}); }, {{"ImageWidth", D(160)}}, {}},
+        {"width RATIONAL", Dir::Ifd0, [](Ifd& d) { d.Rational(0x0100, {{160, 1}}); }, {}, {"ImageWidth"}},
         {"make", Dir::Ifd0, [](Ifd& d) { d.Ascii(0x010F, "ABCDE"); }, {{"Make", S("ABCDE")}}, {}},
         {"short text", Dir::Ifd0, [](Ifd& d) { d.Ascii(0x0110, "12"); }, {{"Model", S("12")}}, {}},
-        {"zeros inside text",
-         Dir::Ifd0,
-         [](Ifd& d) {
-             d.Bytes(0x0131, ASCII, {'A', 0, 'B', 0, 0});
-         },
-         {{"Software", S("AB")}},
-         {}},
-        {"resolution",
-         Dir::Ifd0,
-         [](Ifd& d) {
-             d.Rational(0x011A, {{300, 1}});
-         },
-         {{"XResolutionA", D(300)}, {"XResolutionB", D(1)}},
-         {}},
-        {"zero denominator",
-         Dir::Ifd0,
-         [](Ifd& d) {
-             d.Rational(0x011B, {{72, 0}});
-         },
-         {{"YResolutionA", D(72)}, {"YResolutionB", D(0)}},
-         {}},
-        {"bits per sample",
-         Dir::Ifd0,
-         [](Ifd& d) {
-             d.Short(0x0102, {8, 10, 12});
-         },
-         {{"BitsPerSample1", D(8)}, {"BitsPerSample2", D(10)}, {"BitsPerSample3", D(12)}},
-         {}},
-        {"marks",
-         Dir::Ifd0,
-         [](Ifd& d) {
-             d.Ascii(0x8298, "(c) me").Short(0x0211, {1, 2, 3}).Long(0x0111, {99});
-         },
-         {{"Copyright", I(0)}, {"YCbCrCoefficients", I(0)}, {"StripOffsets", I(0)}},
-         {}},
-        {"thumbnail pointer",
-         Dir::Ifd1,
-         [](Ifd& d) { d.Long(0x0201, {5000}).Long(0x0202, {77}); },
-         {{"JPEGInterchangeFormat", D(5000)}, {"JPEGInterchangeFormatLength", D(77)}},
-         {}},
-        {"strips LONG",
-         Dir::Ifd1,
-         [](Ifd& d) { d.Long(0x0111, {70000}).Long(0x0117, {57600}); },
-         {{"StripOffsets", D(70000)}, {"StripByteCounts", D(57600)}},
-         {}},
-        {"strips SHORT",
-         Dir::Ifd1,
-         [](Ifd& d) {
-             d.Short(0x0111, {700, 900});
-         },
-         {{"StripOffsets", I(700)}},
-         {}},
-        {"IFD1 skips tables",
-         Dir::Ifd1,
-         [](Ifd& d) {
-             d.Ascii(0x8298, "c").Short(0x0102, {8, 8, 8}).Ascii(0x010F, "M1");
-         },
-         {{"Make", S("M1")}},
-         {"Copyright", "BitsPerSample1"}},
-        {"negative bias",
-         Dir::Exif,
-         [](Ifd& d) {
-             d.SRational(0x9204, {{-1, 3}});
-         },
-         {{"ExposureBiasValueA", D(4294967295.0)}, {"ExposureBiasValueB", D(3)}},
-         {}},
-        {"negative in low bytes only",
-         Dir::Exif,
-         [](Ifd& d) {
-             d.SRational(0x9201, {{0x12FFFFFF, 0x00000001}});
-         },
-         {{"ShutterSpeedValueA", D(4294967295.0)}, {"ShutterSpeedValueB", D(1)}},
-         {}},
-        {"exposure",
-         Dir::Exif,
-         [](Ifd& d) {
-             d.Rational(0x829A, {{1, 250}}).Rational(0x829D, {{28, 10}});
-         },
-         {{"ExposureTimeA", D(1)},
-          {"ExposureTimeB", D(250)},
-          {"FNumberA", D(28)},
-          {"FNumberB", D(10)}},
-         {}},
-        {"ISO single",
-         Dir::Exif,
-         [](Ifd& d) { d.Short(0x8827, {400}); },
-         {{"ISOSpeedRatings", I(400)}},
-         {}},
-        {"ISO list",
-         Dir::Exif,
-         [](Ifd& d) {
-             d.Short(0x8827, {400, 800});
-         },
-         {{"ISOSpeedRatingsM", I(400)}},
-         {"ISOSpeedRatings"}},
-        {"subject area 2",
-         Dir::Exif,
-         [](Ifd& d) {
-             d.Short(0x9214, {10, 20});
-         },
-         {{"SubjectAreaX", I(10)}, {"SubjectAreaY", I(20)}},
-         {"SubjectAreaD"}},
-        {"subject area 3",
-         Dir::Exif,
-         [](Ifd& d) {
-             d.Short(0x9214, {10, 20, 30});
-         },
-         {{"SubjectAreaX", D(10)}, {"SubjectAreaY", D(20)}, {"SubjectAreaD", D(30)}},
-         {"SubjectAreaW"}},
-        {"subject area 4",
-         Dir::Exif,
-         [](Ifd& d) {
-             d.Short(0x9214, {10, 20, 30, 40});
-         },
-         {{"SubjectAreaX", D(10)}, {"SubjectAreaW", D(30)}, {"SubjectAreaH", D(40)}},
-         {"SubjectAreaD"}},
-        {"subject area 5",
-         Dir::Exif,
-         [](Ifd& d) {
-             d.Short(0x9214, {1, 2, 3, 4, 5});
-         },
-         {},
-         {"SubjectAreaX"}},
-        {"subject location",
-         Dir::Exif,
-         [](Ifd& d) {
-             d.Short(0xA214, {1200, 800});
-         },
-         {{"SubjectLocationX", I(1200)}, {"SubjectLocationY", I(800)}},
-         {}},
-        {"pixels LONG",
-         Dir::Exif,
-         [](Ifd& d) { d.Long(0xA002, {4000}).Short(0xA003, {3000}); },
-         {{"PixelXDimension", D(4000)}, {"PixelYDimension", I(3000)}},
-         {}},
-        {"pixels RATIONAL",
-         Dir::Exif,
-         [](Ifd& d) {
-             d.Rational(0xA002, {{4000, 1}});
-         },
-         {},
-         {"PixelXDimension"}},
-        {"flash 0x59",
-         Dir::Exif,
-         [](Ifd& d) { d.Short(0x9209, {0x59}); },
-         {{"Flash", I(0x59)}},
-         {}},
-        {"flash 0xD9",
-         Dir::Exif,
-         [](Ifd& d) { d.Short(0x9209, {0xD9}); },
-         {{"Flash", I(0x59)}},
-         {}},
-        {"flash high byte",
-         Dir::Exif,
-         [](Ifd& d) { d.Short(0x9209, {0x0159}); },
-         {{"Flash", I(0x59)}},
-         {}},
-        {"file source",
-         Dir::Exif,
-         [](Ifd& d) { d.Bytes(0xA300, UNDEFINED, {3}); },
-         {{"FileSource", I(3)}},
-         {}},
-        {"sub-second",
-         Dir::Exif,
-         [](Ifd& d) {
-             d.Bytes(0x9290, ASCII, {'1', '2', 0});
-         },
-         {{"SubSecTime", S("12")}},
-         {}},
-        {"versions",
-         Dir::Exif,
-         [](Ifd& d) {
-             d.Bytes(0x9000, UNDEFINED, {'0', '2', '3', '0'})
-                 .Bytes(0xA000, UNDEFINED, {'0', '1', 0, 0});
-         },
-         {{"ExifVersion", S("0230")}, {"FlashPixVersion", S(std::string("01\0\0", 4))}},
-         {}},
-        {"components",
-         Dir::Exif,
-         [](Ifd& d) {
-             d.Bytes(0x9101, UNDEFINED, {1, 2, 3, 0});
-         },
-         {{"ComponentsConfiguration", I(1230)}},
-         {}},
-        {"interoperability",
-         Dir::Exif,
-         [](Ifd& d) { d.Long(0xA005, {1234}); },
-         {{"InteroperabiliyIFDPointer", D(1234)}},
-         {}},
-        {"maker note",
-         Dir::Exif,
-         [](Ifd& d) { d.Bytes(0x927C, UNDEFINED, std::vector<std::uint8_t>(5000, 7)); },
-         {{"MakerNote", I(0)}},
-         {}},
-        {"device settings ignored",
-         Dir::Exif,
-         [](Ifd& d) {
-             d.Bytes(0xA40B, UNDEFINED, {1, 2, 3, 4, 5});
-         },
-         {},
-         {"DeviceSettingDescription"}},
-        {"later entry wins",
-         Dir::Exif,
-         [](Ifd& d) {
-             d.KeepOrder()
-                 .Short(0x8822, {1})
-                 .Ascii(0x9003, "first")
-                 .Short(0x8822, {3})
-                 .Ascii(0x9003, "second");
-         },
-         {{"ExposureProgram", I(3)}, {"DateTimeOriginal", S("second")}},
-         {}},
-        {"later entry of another type",
-         Dir::Exif,
-         [](Ifd& d) {
-             d.KeepOrder().Short(0xA002, {640}).Rational(0xA002, {{1, 1}});
-         },
-         {{"PixelXDimension", I(640)}},
-         {}},
+        {"zeros inside text", Dir::Ifd0, [](Ifd& d) { d.Bytes(0x0131, ASCII, {'A', 0, 'B', 0, 0}); }, {{"Software", S("AB")}}, {}},
+        {"resolution", Dir::Ifd0, [](Ifd& d) { d.Rational(0x011A, {{300, 1}}); }, {{"XResolutionA", D(300)}, {"XResolutionB", D(1)}}, {}},
+        {"zero denominator", Dir::Ifd0, [](Ifd& d) { d.Rational(0x011B, {{72, 0}}); }, {{"YResolutionA", D(72)}, {"YResolutionB", D(0)}}, {}},
+        {"bits per sample", Dir::Ifd0, [](Ifd& d) { d.Short(0x0102, {8, 10, 12}); }, {{"BitsPerSample1", D(8)}, {"BitsPerSample2", D(10)}, {"BitsPerSample3", D(12)}}, {}},
+        {"marks", Dir::Ifd0, [](Ifd& d) { d.Ascii(0x8298, "(c) me").Short(0x0211, {1, 2, 3}).Long(0x0111, {99}); }, {{"Copyright", I(0)}, {"YCbCrCoefficients", I(0)}, {"StripOffsets", I(0)}}, {}},
+        {"thumbnail pointer", Dir::Ifd1, [](Ifd& d) { d.Long(0x0201, {5000}).Long(0x0202, {77}); }, {{"JPEGInterchangeFormat", D(5000)}, {"JPEGInterchangeFormatLength", D(77)}}, {}},
+        {"strips LONG", Dir::Ifd1, [](Ifd& d) { d.Long(0x0111, {70000}).Long(0x0117, {57600}); }, {{"StripOffsets", D(70000)}, {"StripByteCounts", D(57600)}}, {}},
+        {"strips SHORT", Dir::Ifd1, [](Ifd& d) { d.Short(0x0111, {700, 900}); }, {{"StripOffsets", I(700)}}, {}},
+        {"IFD1 skips tables", Dir::Ifd1, [](Ifd& d) { d.Ascii(0x8298, "c").Short(0x0102, {8, 8, 8}).Ascii(0x010F, "M1"); }, {{"Make", S("M1")}}, {"Copyright", "BitsPerSample1"}},
+        {"negative bias", Dir::Exif, [](Ifd& d) { d.SRational(0x9204, {{-1, 3}}); }, {{"ExposureBiasValueA", D(4294967295.0)}, {"ExposureBiasValueB", D(3)}}, {}},
+        {"negative in low bytes only", Dir::Exif, [](Ifd& d) { d.SRational(0x9201, {{0x12FFFFFF, 0x00000001}}); }, {{"ShutterSpeedValueA", D(4294967295.0)}, {"ShutterSpeedValueB", D(1)}}, {}},
+        {"exposure", Dir::Exif, [](Ifd& d) { d.Rational(0x829A, {{1, 250}}).Rational(0x829D, {{28, 10}}); }, {{"ExposureTimeA", D(1)}, {"ExposureTimeB", D(250)}, {"FNumberA", D(28)}, {"FNumberB", D(10)}}, {}},
+        {"ISO single", Dir::Exif, [](Ifd& d) { d.Short(0x8827, {400}); }, {{"ISOSpeedRatings", I(400)}}, {}},
+        {"ISO list", Dir::Exif, [](Ifd& d) { d.Short(0x8827, {400, 800}); }, {{"ISOSpeedRatingsM", I(400)}}, {"ISOSpeedRatings"}},
+        {"subject area 2", Dir::Exif, [](Ifd& d) { d.Short(0x9214, {10, 20}); }, {{"SubjectAreaX", I(10)}, {"SubjectAreaY", I(20)}}, {"SubjectAreaD"}},
+        {"subject area 3", Dir::Exif, [](Ifd& d) { d.Short(0x9214, {10, 20, 30}); }, {{"SubjectAreaX", D(10)}, {"SubjectAreaY", D(20)}, {"SubjectAreaD", D(30)}}, {"SubjectAreaW"}},
+        {"subject area 4", Dir::Exif, [](Ifd& d) { d.Short(0x9214, {10, 20, 30, 40}); }, {{"SubjectAreaX", D(10)}, {"SubjectAreaW", D(30)}, {"SubjectAreaH", D(40)}}, {"SubjectAreaD"}},
+        {"subject area 5", Dir::Exif, [](Ifd& d) { d.Short(0x9214, {1, 2, 3, 4, 5}); }, {}, {"SubjectAreaX"}},
+        {"subject location", Dir::Exif, [](Ifd& d) { d.Short(0xA214, {1200, 800}); }, {{"SubjectLocationX", I(1200)}, {"SubjectLocationY", I(800)}}, {}},
+        {"pixels LONG", Dir::Exif, [](Ifd& d) { d.Long(0xA002, {4000}).Short(0xA003, {3000}); }, {{"PixelXDimension", D(4000)}, {"PixelYDimension", I(3000)}}, {}},
+        {"pixels RATIONAL", Dir::Exif, [](Ifd& d) { d.Rational(0xA002, {{4000, 1}}); }, {}, {"PixelXDimension"}},
+        {"flash 0x59", Dir::Exif, [](Ifd& d) { d.Short(0x9209, {0x59}); }, {{"Flash", I(0x59)}}, {}},
+        {"flash 0xD9", Dir::Exif, [](Ifd& d) { d.Short(0x9209, {0xD9}); }, {{"Flash", I(0x59)}}, {}},
+        {"flash high byte", Dir::Exif, [](Ifd& d) { d.Short(0x9209, {0x0159}); }, {{"Flash", I(0x59)}}, {}},
+        {"file source", Dir::Exif, [](Ifd& d) { d.Bytes(0xA300, UNDEFINED, {3}); }, {{"FileSource", I(3)}}, {}},
+        {"sub-second", Dir::Exif, [](Ifd& d) { d.Bytes(0x9290, ASCII, {'1', '2', 0}); }, {{"SubSecTime", S("12")}}, {}},
+        {"versions", Dir::Exif, [](Ifd& d) { d.Bytes(0x9000, UNDEFINED, {'0', '2', '3', '0'}) .Bytes(0xA000, UNDEFINED, {'0', '1', 0, 0}); }, {{"ExifVersion", S("0230")}, {"FlashPixVersion", S(std::string("01\0\0", 4))}}, {}},
+        {"components", Dir::Exif, [](Ifd& d) { d.Bytes(0x9101, UNDEFINED, {1, 2, 3, 0}); }, {{"ComponentsConfiguration", I(1230)}}, {}},
+        {"interoperability", Dir::Exif, [](Ifd& d) { d.Long(0xA005, {1234}); }, {{"InteroperabiliyIFDPointer", D(1234)}}, {}},
+        {"maker note", Dir::Exif, [](Ifd& d) { d.Bytes(0x927C, UNDEFINED, std::vector<std::uint8_t>(5000, 7)); }, {{"MakerNote", I(0)}}, {}},
+        {"device settings ignored", Dir::Exif, [](Ifd& d) { d.Bytes(0xA40B, UNDEFINED, {1, 2, 3, 4, 5}); }, {}, {"DeviceSettingDescription"}},
+        {"later entry wins", Dir::Exif, [](Ifd& d) { d.KeepOrder() .Short(0x8822, {1}) .Ascii(0x9003, "first") .Short(0x8822, {3}) .Ascii(0x9003, "second"); }, {{"ExposureProgram", I(3)}, {"DateTimeOriginal", S("second")}}, {}},
+        {"later entry of another type", Dir::Exif, [](Ifd& d) { d.KeepOrder().Short(0xA002, {640}).Rational(0xA002, {{1, 1}}); }, {{"PixelXDimension", I(640)}}, {}},
     };
+    // clang-format on
     return cases;
 }
 
@@ -314,6 +112,7 @@ TEST(DirectoryReader, UserCommentCodes) {
     const std::vector<std::uint8_t> other = {'E', 'B', 'C', 'D', 'I', 'C', 0, 0};
     // "日本" in ISO-2022-JP: ESC $ B, two JIS X 0208 pairs, ESC ( B.
     const std::string jisText = "\x1b$BF|K\\\x1b(B";
+    // clang-format off
     const CommentCase cases[] = {
         {"ascii", ascii, "Hello", "Hello"},
         {"ascii lower case code", {'a', 's', 'c', 'i', 'i', 0, 0, 0}, "x", "x"},
@@ -324,6 +123,7 @@ TEST(DirectoryReader, UserCommentCodes) {
         {"CR LF becomes CR", ascii, "a\r\nb\nc", "a\rb\nc"},
         {"header only", ascii, "", ""},
     };
+    // clang-format on
     for (const auto order : BothOrders()) {
         for (const auto& c : cases) {
             ExifJpegBuilder b(order);

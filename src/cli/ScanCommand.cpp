@@ -1,0 +1,56 @@
+#include "cli/ScanCommand.h"
+
+#include <chrono>
+
+#include "cli/CliSettings.h"
+#include "cli/ProgressLine.h"
+#include "scan/FolderScan.h"
+
+namespace lumivex {
+
+int ScanCommand::Run(const std::vector<std::string>& args, std::FILE* out, std::FILE* err) {
+    bool verbose = false;
+    std::vector<std::string> folders;
+    for (const auto& a : args) {
+        if (a == "--verbose") {
+            verbose = true;
+        } else {
+            folders.push_back(a);
+        }
+    }
+    if (folders.size() != 1) {
+        std::fputs("usage: lumivex scan [--verbose] FOLDER\n", err);
+        return 2;
+    }
+    std::error_code ec;
+    if (!std::filesystem::is_directory(folders[0], ec)) {
+        std::fprintf(err, "lumivex: %s: フォルダが見つかりません。\n", folders[0].c_str());
+        return 1;
+    }
+    const auto start = std::chrono::steady_clock::now();
+    FolderScan scan(folders[0], ScanOptions::FromSettings(CliSettings::Load()));
+    ProgressLine progress(err, "読み込み中...", scan.EntryCount());
+    std::size_t seen = 0;
+    const ScanStats stats = scan.Run(
+        [&](ScanItem&& item) {
+            progress.Finish();
+            std::fprintf(out, "%s %dx%d %d\n", item.fname.c_str(), item.w, item.h, item.rotate);
+            progress.Update(++seen);
+        },
+        [&](const std::string& name, SkipReason reason) {
+            if (verbose) {
+                progress.Finish();
+                std::fprintf(err, "skip: %s: %s\n", name.c_str(), SkipReasonText(reason));
+            }
+            progress.Update(++seen);
+        });
+    progress.Finish();
+    const double seconds =
+        std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    std::fprintf(out, "files %zu, items %zu, bytes read %llu, %.3f s, %.0f files/s\n",
+                 stats.entries, stats.items, static_cast<unsigned long long>(stats.bytesRead),
+                 seconds, seconds > 0 ? static_cast<double>(stats.entries) / seconds : 0.0);
+    return 0;
+}
+
+}  // namespace lumivex

@@ -1,0 +1,80 @@
+#include "scan/BatchExtractor.h"
+
+#include "core/Globals.h"
+#include "core/JpegCodec.h"
+#include "core/OutputFile.h"
+#include "scan/FolderScan.h"
+
+namespace lumivex {
+
+std::vector<BatchExtractor::Record> BatchExtractor::Collect(
+    const std::filesystem::path& folder, ScanOptions options,
+    const std::function<void(std::size_t)>& onProgress) {
+    options.noThumb = false;  // a placeholder is no thumbnail to extract
+    std::vector<Record> records;
+    std::size_t examined = 0;
+    auto tick = [&] {
+        if (onProgress) onProgress(++examined);
+    };
+    FolderScan scan(folder, std::move(options));
+    scan.Run(
+        [&](ScanItem&& item) {
+            records.push_back(Record{item.fname, true, std::move(item.pict)});
+            tick();
+        },
+        [&](const std::string& name, SkipReason reason) {
+            if (reason != SkipReason::NotAnImageName) records.push_back(Record{name, false, {}});
+            tick();
+        });
+    return records;
+}
+
+bool BatchExtractor::HasThumbnail(const std::vector<Record>& records) {
+    for (const Record& r : records)
+        if (r.ifd1) return true;
+    return false;
+}
+
+std::string BatchExtractor::TargetName(const std::string& fname) {
+    std::string body, extn;
+    gExtractBodyAndExtn(fname, body, extn);
+    return body + ".jpg";
+}
+
+BatchExtractor::Report BatchExtractor::Write(const std::vector<Record>& records,
+                                             const std::filesystem::path& source,
+                                             const std::filesystem::path& target,
+                                             std::atomic<std::size_t>* progress) {
+    Report report;
+    std::error_code ec;
+    const bool sameFolder = std::filesystem::equivalent(source, target, ec);
+    std::size_t handled = 0;
+    for (const Record& r : records) {
+        if (progress) progress->store(++handled, std::memory_order_release);
+        if (!r.ifd1) continue;
+        const std::string name = TargetName(r.fname);
+        if (sameFolder) {
+            report.skipped.push_back({r.fname, "取り出し先が元のフォルダと同じです"});
+            continue;
+        }
+        const auto jpeg = JpegCodec::Encode(r.pict, kQuality);
+        if (jpeg.empty()) {
+            report.skipped.push_back({r.fname, "JPEGに変換できません"});
+            continue;
+        }
+        switch (OutputFile::CreateNew(target / name, jpeg)) {
+            case OutputFile::Result::Written:
+                ++report.written;
+                break;
+            case OutputFile::Result::Exists:
+                report.skipped.push_back({r.fname, "同じ名前のファイル " + name + " があります"});
+                break;
+            case OutputFile::Result::Failed:
+                report.skipped.push_back({r.fname, name + " を書き込めません"});
+                break;
+        }
+    }
+    return report;
+}
+
+}  // namespace lumivex

@@ -1,0 +1,53 @@
+#pragma once
+// Takes the Exif thumbnail out of every image directly in a folder and writes each, re-encoded
+// as JPEG at the highest quality, as body + ".jpg" into a target folder. A thumbnail never
+// takes the place of a source image, nor of any other file: a target name that already exists
+// is left alone and reported, and a target folder that is the source folder is refused.
+#include <atomic>
+#include <filesystem>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/Picture.h"
+#include "scan/ScanOptions.h"
+
+namespace lumivex {
+
+class BatchExtractor {
+  public:
+    // One candidate file of the source folder, in name order.
+    struct Record {
+        std::string fname;
+        bool ifd1 = false;  // a thumbnail was extracted
+        Picture pict;
+    };
+    struct Skipped {
+        std::string fname;
+        std::string reason;  // Japanese, for the user
+    };
+    struct Report {
+        std::size_t written = 0;
+        std::vector<Skipped> skipped;
+    };
+
+    // Reads the folder; the scan goes no deeper. Candidates without a thumbnail are kept with
+    // ifd1 false so that they can be reported.
+    // onProgress gets the number of entries examined so far.
+    static std::vector<Record> Collect(
+        const std::filesystem::path& folder, ScanOptions options,
+        const std::function<void(std::size_t)>& onProgress = nullptr);
+
+    static bool HasThumbnail(const std::vector<Record>& records);
+    // The file name a record is written under: the name without its last extension + ".jpg".
+    static std::string TargetName(const std::string& fname);
+
+    // Writes every record that has a thumbnail; progress counts records handled.
+    static Report Write(const std::vector<Record>& records, const std::filesystem::path& source,
+                        const std::filesystem::path& target,
+                        std::atomic<std::size_t>* progress = nullptr);
+
+    static constexpr int kQuality = 100;
+};
+
+}  // namespace lumivex

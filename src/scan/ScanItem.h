@@ -1,0 +1,24 @@
+#pragma once
+#include <string>
+
+#include "core/Picture.h"
+
+namespace lumivex {
+
+// What the scan learns of one file that yields a thumbnail; the browser's item record is
+// built from it.
+struct ScanItem {
+    std::string fname;  // file name with extension
+    std::string path;   // native path, to reopen the file for export and information
+    Picture pict;       // the thumbnail, already turned by its orientation tag when asked
+    int w = 0;
+    int h = 0;
+    int rotate = 0;  // quarter turns applied from the orientation tag
+};
+
+// Why a folder entry gave no item.
+enum class SkipReason { NotAnImageName, Unreadable, NoExif, NoThumbnail };
+
+const char* SkipReasonText(SkipReason reason);
+
+}  // namespace lumivex

@@ -1,0 +1,16 @@
+#include "scan/ScanOptions.h"
+
+#include "core/Globals.h"
+#include "core/Settings.h"
+
+namespace lumivex {
+
+ScanOptions ScanOptions::FromSettings(const Settings& prefs) {
+    ScanOptions o;
+    o.orientation = gConvIB(prefs.gPref[12], true);
+    o.noThumb = gConvIB(prefs.gPref[32], true);
+    o.filter = ExtensionFilter(prefs);
+    return o;
+}
+
+}  // namespace lumivex
