@@ -24,13 +24,17 @@ LOG=$OUT/fuzz.log
 
 lumivex_install "${LUMIVEX_PACKAGES[@]}" clang libclang-rt-14-dev
 cmake --preset fuzz >/dev/null
-cmake --build --preset fuzz -j "$(nproc)" >/dev/null
+if ! cmake --build --preset fuzz -j "$(nproc)" >"$OUT/build.log" 2>&1; then
+    tail -40 "$OUT/build.log" >&2
+    exit 1
+fi
 
 # The seeds come from the fixture writer of the ordinary build; the fuzz build has none of
 # its own tools instrumented for that.
 if [ ! -d "$SEEDS" ] || [ -z "$(ls -A "$SEEDS")" ]; then
     [ -f build/default/build.ninja ] || cmake --preset default >/dev/null
-    cmake --build build/default --target lumivex-fixture >/dev/null
+    cmake --build build/default --target lumivex-fixture >"$OUT/build.log" 2>&1 ||
+        { tail -40 "$OUT/build.log" >&2; exit 1; }
     build/default/tests/fixtures/lumivex-fixture seeds "$SEEDS"
 fi
 mkdir -p "$CORPUS" "$ARTIFACTS"

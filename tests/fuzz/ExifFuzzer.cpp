@@ -102,9 +102,10 @@ void FuzzSaveThumbNail(exifGPS& x, std::span<const std::uint8_t> bytes) {
 void FuzzEmbeddedThumbnail(exifGPS& x, std::span<const std::uint8_t> bytes) {
     x.fbytes = bytes;
     x.InitVal();
-    if (!x.LoadFile()) return;
-    const auto block = x.EmbeddedThumbnail();
-    if (block) Require(block->bytes.size() <= bytes.size(), "a block longer than the input");
+    if (x.LoadFile()) {
+        const auto block = x.EmbeddedThumbnail();
+        if (block) Require(block->bytes.size() <= bytes.size(), "a block longer than the input");
+    }
     x.Source().Close();
 }
 
