@@ -1,0 +1,51 @@
+#include "app/App.h"
+
+#include "browser/Prompter.h"
+#include "browser/Window1.h"
+#include "core/FileServices.h"
+
+namespace lumivex {
+namespace {
+
+constexpr const char* kTemporaryFolderName = "com.ZenmoraWorksJP.LumivexPlus";
+
+}  // namespace
+
+App::App(Prompter& prompter, std::filesystem::path settingsFolder)
+    : prompter_(prompter),
+      folder_(settingsFolder.empty() ? PrefFile::DefaultFolder() : std::move(settingsFolder)) {}
+
+App::~App() = default;
+
+LoadResult App::InitApp() {
+    prefs_.InitAll();
+    const LoadResult r = PrefFile::LoadPref(prefs_, folder_);
+    if (r == LoadResult::NoFile)
+        prompter_.Message(nullptr, QString::fromUtf8(PrefFile::kNoFileMessage.data(),
+                                                     PrefFile::kNoFileMessage.size()));
+    return r;
+}
+
+Window1* App::MakeWindow() {
+    window_ = std::make_unique<Window1>(prefs_, prompter_);
+    connect(window_.get(), &Window1::closing, this, &App::CloseApp);
+    window_->InitApp();
+    window_->show();
+    return window_.get();
+}
+
+int App::Event_OpenDocument(const std::filesystem::path& item) {
+    // The batch extraction behind a dropped folder is not built yet: the event only ends
+    // the process, as every document event does.
+    (void)item;
+    return 0;
+}
+
+void App::CloseApp() {
+    PrefFile::SavePref(prefs_, folder_);
+    std::error_code ec;
+    const auto temp = std::filesystem::temp_directory_path(ec);
+    if (!ec) gDeleteEntireFolder(temp / kTemporaryFolderName, false);
+}
+
+}  // namespace lumivex

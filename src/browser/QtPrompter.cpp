@@ -1,0 +1,46 @@
+#include "browser/QtPrompter.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace lumivex {
+
+int QtPrompter::Caution(QWidget* parent, const CautionRequest& request, bool beep) {
+    if (beep) QApplication::beep();
+    QMessageBox box(QMessageBox::Warning, QString(), request.message, QMessageBox::NoButton,
+                    parent);
+    box.setInformativeText(request.explanation);
+    if (parent != nullptr) box.setWindowModality(Qt::WindowModal);
+    QPushButton* action = box.addButton(request.action, QMessageBox::AcceptRole);
+    QPushButton* alternate = nullptr;
+    if (request.buttons > 1) box.addButton(request.cancel, QMessageBox::RejectRole);
+    if (request.buttons > 2)
+        alternate = box.addButton(request.alternate, QMessageBox::DestructiveRole);
+    box.setDefaultButton(action);
+    box.exec();
+    if (box.clickedButton() == action) return kAction;
+    if (alternate != nullptr && box.clickedButton() == alternate) return kAlternate;
+    return kCancel;
+}
+
+void QtPrompter::Message(QWidget* parent, const QString& text) {
+    QMessageBox box(QMessageBox::NoIcon, QString(), text, QMessageBox::Ok, parent);
+    box.exec();
+}
+
+std::optional<QString> QtPrompter::SaveFile(QWidget* parent, const QString& title,
+                                            const QString& suggested) {
+    const QString file = QFileDialog::getSaveFileName(parent, title, suggested);
+    if (file.isEmpty()) return std::nullopt;
+    return file;
+}
+
+std::optional<QString> QtPrompter::ChooseFolder(QWidget* parent, const QString& title) {
+    const QString dir = QFileDialog::getExistingDirectory(parent, title);
+    if (dir.isEmpty()) return std::nullopt;
+    return dir;
+}
+
+}  // namespace lumivex

@@ -1,0 +1,66 @@
+#pragma once
+// The thumbnail pane (Canvas1): paints the items that lie in the visible band of the content
+// at the scroll offset, each with its frame and label, then the selection frames. Nothing is
+// buffered as tall as the content, so a folder of 10,000 thumbnails scrolls like one of 100.
+// It decides nothing: presses, moves and wheel turns go out as signals in pane coordinates.
+#include <QFont>
+#include <QWidget>
+#include <vector>
+
+#include "browser/GridLayout.h"
+#include "browser/ItemRecord.h"
+
+namespace lumivex {
+
+class ThumbnailCanvas : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit ThumbnailCanvas(QWidget* parent = nullptr);
+
+    // The items and layout to draw; both stay owned by the window. The first `count` items
+    // are drawn (the others are not complete yet). Paint sets "compact" of the items whose
+    // label it cut short.
+    void SetItems(std::vector<ItemRecord>* items, const GridLayout* layout);
+    void SetColors(int background, int selection);  // pBkClr, pSeClr as 0xRRGGBB
+    void SetFullNames(bool full);                   // gPref(33): labels with the extension
+    void SetScrollY(int y);                         // pScrY
+    int ScrollY() const { return scrollY_; }
+
+    // The label of an item as drawn: the name without its extension unless full names are on.
+    QString LabelOf(const ItemRecord& item) const;
+    const QFont& LabelFont() const { return font_; }
+
+  signals:
+    // A press at pane coordinates (add pScrY for content coordinates).
+    void pressed(int x, int y, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
+    void moved(int x, int y);
+    // Wheel turns in lines (positive downwards), already converted from angle deltas.
+    void wheelLines(int lines);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+  private:
+    // DrawCanvasDoc: one item, its frame and its label.
+    void DrawCanvasDoc(QPainter& p, ItemRecord& item);
+    // DrawCanvasDocRect: a label too wide for the cell, cut with "..." over a fading end.
+    void DrawCanvasDocRect(QPainter& p, const QString& label, int x, int y, int w);
+    // DrawSelectItem: the 2-pixel frames of the selected items among `first`..`last`.
+    void DrawSelectItem(QPainter& p, std::size_t first, std::size_t last);
+    // The index range of items that may reach into the band [top, bottom) of the content.
+    std::pair<std::size_t, std::size_t> VisibleRange(int top, int bottom) const;
+
+    std::vector<ItemRecord>* items_ = nullptr;
+    const GridLayout* layout_ = nullptr;
+    QColor background_{0xFF, 0xFF, 0xFF};
+    QColor selection_{0x35, 0x84, 0xE4};
+    bool fullNames_ = false;
+    int scrollY_ = 0;
+    QFont font_;
+};
+
+}  // namespace lumivex

@@ -1,0 +1,380 @@
+#include "browser/Window1.h"
+
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QMenu>
+#include <QScrollBar>
+#include <QSplitter>
+#include <QToolTip>
+#include <algorithm>
+#include <system_error>
+
+#include "browser/ContextMenuItems.h"
+#include "browser/ScanProgressStrip.h"
+#include "browser/ThumbnailCanvas.h"
+#include "core/Settings.h"
+#include "scan/ScanOptions.h"
+#include "sidebar/NSOutlineView.h"
+
+namespace lumivex {
+namespace {
+
+constexpr int kScrollBarWidth = 15;
+// How long a close waits for a scan to stop before the process ends regardless.
+constexpr std::chrono::milliseconds kCloseWait{2000};
+
+bool IsFolder(const std::string& path) {
+    std::error_code ec;
+    return std::filesystem::is_directory(path, ec);
+}
+
+}  // namespace
+
+Window1::Window1(Settings& prefs, Prompter& prompter, QWidget* parent)
+    : QMainWindow(parent), prefs_(prefs), prompter_(prompter) {
+    setWindowTitle(QStringLiteral("Lumivex Plus"));
+    setMinimumSize(kMinWidth, kMinHeight);
+    resize(kMinWidth, kMinHeight);
+    Timer1.setInterval(1000);
+    Timer2.setInterval(10);
+    connect(&Timer1, &QTimer::timeout, this, &Window1::Timer1_Action);
+    connect(&Timer2, &QTimer::timeout, this, &Window1::Timer2_Action);
+}
+
+Window1::~Window1() = default;
+
+void Window1::InitApp() {
+    InitSplitView();
+    InitWinPos();
+    InitVal();
+    InitScrollbar();
+    InitOffScreen(false);
+    Timer1.start();
+}
+
+void Window1::InitSplitView() {
+    split_ = new QSplitter(Qt::Horizontal, this);
+    split_->setChildrenCollapsible(false);
+    pOutline = new NSOutlineView(prefs_, split_);
+    pOutline->setMinimumWidth(100);
+
+    auto* pane = new QWidget(split_);
+    pane->setMinimumWidth(100);
+    auto* grid = new QGridLayout(pane);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(0);
+    Canvas1 = new ThumbnailCanvas(pane);
+    Canvas1->SetItems(&pCItem, &layout_);
+    Canvas1->installEventFilter(this);
+    ScrollBarV = new QScrollBar(Qt::Vertical, pane);
+    ScrollBarV->setFixedWidth(kScrollBarWidth);
+    strip_ = new ScanProgressStrip(pane);
+    grid->addWidget(Canvas1, 0, 0);
+    grid->addWidget(ScrollBarV, 0, 1);
+    grid->addWidget(strip_, 1, 0, 1, 2);
+    split_->addWidget(pOutline);
+    split_->addWidget(pane);
+    split_->setStretchFactor(1, 1);
+    setCentralWidget(split_);
+
+    connect(pOutline, &NSOutlineView::selectionDidChange, this, &Window1::OutlineDidSelRow);
+    connect(strip_, &ScanProgressStrip::stopClicked, this, &Window1::PushButton1_Action);
+    connect(Canvas1, &ThumbnailCanvas::pressed, this, &Window1::Canvas1_MouseDown);
+    connect(Canvas1, &ThumbnailCanvas::moved, this, &Window1::Canvas1_MouseMove);
+    connect(Canvas1, &ThumbnailCanvas::wheelLines, this, &Window1::Canvas1_MouseWheel);
+}
+
+// The frame the user left is restored as it was; sizes below the minimum give the minimum.
+void Window1::InitWinPos() {
+    const auto& p = prefs_.gPref;
+    int left = p[41] > 0 ? static_cast<int>(p[41]) : x();
+    int top = p[42] > 0 ? static_cast<int>(p[42]) : y();
+    move(left, top);
+    const int w = p[43] > 0 ? static_cast<int>(std::max<std::int64_t>(p[43], kMinWidth)) : width();
+    const int h =
+        p[44] > 0 ? static_cast<int>(std::max<std::int64_t>(p[44], kMinHeight)) : height();
+    resize(w, h);
+}
+
+void Window1::InitVal() {
+    ResizeSeparatePos(static_cast<int>(prefs_.gPref[45]));
+    pBkClr = static_cast<int>(prefs_.gPref[4]);
+    pSeClr = static_cast<int>(prefs_.gPref[5]);
+    pGxClr = static_cast<int>(prefs_.gPref[6]);
+    pLsClr = static_cast<int>(prefs_.gPref[8]);
+    Canvas1->SetColors(pBkClr, pSeClr);
+    Canvas1->SetFullNames(prefs_.gPref[33] != 0);
+    pOutline->SetFolderColor(pGxClr);
+    layout_.InitCanvas();
+    SetBtnStat(0);
+    SetBtnStatAll(false);
+    strip_->HideJob();
+}
+
+void Window1::InitScrollbar() {
+    ScrollBarV->setSingleStep(kLineStep);
+    ScrollBarV->setMinimum(0);
+    connect(ScrollBarV, &QScrollBar::valueChanged, this, &Window1::ScrollBarV_ValueChanged);
+}
+
+// The divider: the sidebar at least 100 pixels, the pane too; `left` is the canvas's left edge.
+void Window1::ResizeSeparatePos(int left) {
+    const int limit = width() - kScrollBarWidth + 1 - 100;
+    left = GridLayout::ClampDivider(left, limit);
+    const int total = split_->width() > 0 ? split_->width() : width();
+    const int sidebar = std::max(100, left - split_->handleWidth());
+    split_->setSizes({sidebar, std::max(100, total - sidebar - split_->handleWidth())});
+}
+
+int Window1::CanvasLeft() const {
+    return Canvas1->mapTo(this, QPoint(0, 0)).x();
+}
+
+// ---- the scan -------------------------------------------------------------------------
+
+void Window1::SelFolder1(const std::string& path) {
+    if (worker_.Running() || path.empty() || !IsFolder(path)) return;
+    pThread1_Mode = 1;
+    pThread1_Width = Canvas1->width();
+    dropRestOfScan_ = false;
+    // The list is emptied here rather than on the worker, which never touches it.
+    layout_.InitCanvas();
+    layout_.pYmax = 0;
+    pCItem.clear();
+    Canvas1->update();
+    strip_->ShowJob(QStringLiteral("読み込み中..."), 0);
+    worker_.Start(path, ScanOptions::FromSettings(prefs_));
+    Timer2.start();
+}
+
+void Window1::TakeScanItems() {
+    std::vector<ScanItem> ready = worker_.TakeItems();
+    if (ready.empty() || dropRestOfScan_) return;
+    const int top = Canvas1->ScrollY();
+    bool visible = false;
+    for (auto& scanned : ready) {
+        ItemRecord item = ItemRecord::FromScan(std::move(scanned));
+        layout_.SetItemPos(item, pThread1_Width);
+        visible = visible || item.y < top + Canvas1->height();
+        pCItem.push_back(std::move(item));
+    }
+    if (visible) Canvas1->update();
+}
+
+void Window1::Timer2_Action() {
+    const bool ended = worker_.End();  // before the take: nothing can follow the end
+    TakeScanItems();
+    if (!ended) {
+        strip_->SetMaximum(static_cast<int>(worker_.Total()));
+        strip_->SetValue(static_cast<int>(worker_.ProgVal()));
+        return;
+    }
+    strip_->HideJob();
+    Timer2.stop();
+    worker_.Finish(kCloseWait);
+    if (pThread1_Mode == 1) SelFolder1post();
+}
+
+void Window1::SelFolder1post() {
+    // A resize during the scan was held back; the new width applies now.
+    if (Canvas1->width() != pThread1_Width) {
+        pThread1_Width = Canvas1->width();
+        layout_.Flow(pCItem, pThread1_Width);
+    }
+    InitOffScreen(false);
+    Canvas1->update();
+    SetBtnStatAll(!pCItem.empty());
+    emit scanFinished();
+}
+
+// Emptying the grid during a scan also ends the scan: what it would still bring belongs to
+// a folder that is no longer shown.
+void Window1::SelFolderClr() {
+    if (worker_.Running()) {
+        dropRestOfScan_ = true;
+        worker_.Stop();
+    }
+    layout_.InitCanvas();
+    layout_.pYmax = 0;
+    pCItem.clear();
+    InitOffScreen(false);
+    Canvas1->update();
+    SetBtnStatAll(false);
+}
+
+void Window1::PushButton1_Action() {
+    worker_.Stop();
+}
+
+void Window1::OutlineDidSelRow(int row, const QString& path) {
+    ItemUnselect();
+    if (row < 0)
+        SelFolderClr();
+    else
+        SelFolder1(path.toStdString());
+}
+
+// ---- layout and scrolling --------------------------------------------------------------
+
+void Window1::InitOffScreen(bool keepScroll) {
+    const ScrollRange r = layout_.Range(Canvas1->height());
+    if (r.enabled) {
+        ScrollBarV->setEnabled(true);
+        ScrollBarV->setMaximum(r.maximum);
+        ScrollBarV->setPageStep(r.pageStep);
+        if (!keepScroll) ScrollBarV->setValue(0);
+    } else {
+        ScrollBarV->setValue(0);
+        ScrollBarV->setMaximum(0);
+        ScrollBarV->setEnabled(false);
+    }
+    Canvas1->SetScrollY(ScrollBarV->value());
+}
+
+void Window1::ResizeTBC() {
+    if (worker_.Running()) return;  // the end of the scan lays out at the final width
+    pThread1_Width = Canvas1->width();
+    layout_.Flow(pCItem, pThread1_Width);
+    InitOffScreen(true);
+    Canvas1->update();
+}
+
+void Window1::ScrollBarV_ValueChanged(int value) {
+    Canvas1->SetScrollY(value);
+    if (!pCItem.empty()) Canvas1->update();
+}
+
+void Window1::Canvas1_MouseWheel(int lines) {
+    if (ScrollBarV->isEnabled()) ScrollBarV->setValue(ScrollBarV->value() + lines * kLineStep);
+}
+
+// ---- selection and pointer -------------------------------------------------------------
+
+void Window1::Canvas1_MouseDown(int x, int y, Qt::MouseButton button, Qt::KeyboardModifiers mods) {
+    const int py = y + Canvas1->ScrollY();
+    pCMflg = button == Qt::RightButton;
+    const bool keep = pCMflg && ItemSelection::ItemClickInside(pCItem, x, py);
+    if (!keep) {
+        SetBtnStat(selection_.ItemNoGet(pCItem, x, py, mods.testFlag(Qt::ShiftModifier)));
+        Canvas1->update();
+    }
+    if (pCMflg) {
+        pCMflg = false;
+        if (QMenu* menu = BuildContextMenu(this)) {
+            menu->setAttribute(Qt::WA_DeleteOnClose);
+            menu->popup(Canvas1->mapToGlobal(QPoint(x, y)));
+        }
+    }
+}
+
+QMenu* Window1::BuildContextMenu(QWidget* parent) {
+    const bool gps = commands_.Enabled(CommandState::kGoogleEarth);
+    const auto texts = ContextMenuItems(selection_.pCidxFlg, gps);
+    if (texts.empty()) return nullptr;
+    auto* menu = new QMenu(parent);
+    for (const auto& text : texts) {
+        if (text == "-")
+            menu->addSeparator();
+        else
+            menu->addAction(QString::fromStdString(text));
+    }
+    return menu;
+}
+
+void Window1::ItemUnselect() {
+    selection_.ItemUnselect(pCItem);
+    SetBtnStat(0);
+}
+
+void Window1::SelectAll() {
+    selection_.SelectAll(pCItem);
+    Canvas1->update();
+    SetBtnStat(2);
+}
+
+void Window1::SetBtnStat(int state) {
+    // Whether the selected picture carries a position comes with the Google Earth hand-off;
+    // until then its command stays off.
+    commands_.SetBtnStat(state, prefs_.gPref[50] == 1, [](int) { return false; });
+}
+
+void Window1::SetBtnStatAll(bool enable) {
+    commands_.SetBtnStatAll(enable);
+}
+
+void Window1::Canvas1_MouseMove(int x, int y) {
+    pMouseX = x;
+    pMouseY = y;
+    Timer1.start();
+}
+
+void Window1::Timer1_Action() {
+    ShowToolTips(pMouseX == pMouseX2 && pMouseY == pMouseY2);
+    pMouseX2 = pMouseX;
+    pMouseY2 = pMouseY;
+}
+
+// The full name of a thumbnail whose label was cut, once the pointer has rested on it.
+void Window1::ShowToolTips(bool on) {
+    if (!on) {
+        toolTipText_.clear();
+        QToolTip::hideText();
+        return;
+    }
+    const int i = ItemSelection::HitIndex(pCItem, pMouseX, pMouseY + Canvas1->ScrollY());
+    if (i < 0) return;
+    const ItemRecord& item = pCItem[static_cast<std::size_t>(i)];
+    if (!item.compact) {
+        toolTipText_.clear();
+        QToolTip::hideText();
+        return;
+    }
+    toolTipText_ = Canvas1->LabelOf(item);
+    const QRect cell(item.x, item.y - Canvas1->ScrollY(), item.w, item.h);
+    QToolTip::showText(Canvas1->mapToGlobal(QPoint(pMouseX, pMouseY)), toolTipText_, Canvas1, cell);
+    Timer1.stop();
+}
+
+// ---- window events ---------------------------------------------------------------------
+
+bool Window1::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == Canvas1 && event->type() == QEvent::Resize) ResizeTBC();
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void Window1::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::ActivationChange && split_ != nullptr) {
+        pActive = isActiveWindow();
+        QPalette pal = palette();
+        pal.setColor(QPalette::Window, pActive ? QColor(153, 153, 153) : QColor(207, 207, 207));
+        split_->setPalette(pal);
+    } else if (event->type() == QEvent::WindowStateChange) {
+        pMinimize = isMinimized();
+    }
+    QMainWindow::changeEvent(event);
+}
+
+void Window1::closeEvent(QCloseEvent* event) {
+    Event_CancelClose();
+    event->accept();
+}
+
+void Window1::Event_CancelClose() {
+    if (closed_) return;
+    closed_ = true;
+    auto& p = prefs_.gPref;
+    p[41] = x();
+    p[42] = y();
+    p[43] = width();
+    p[44] = height();
+    p[45] = CanvasLeft();
+    Timer1.stop();
+    Timer2.stop();
+    if (worker_.Running()) {
+        worker_.Stop();
+        worker_.Finish(kCloseWait);
+    }
+    emit closing();
+}
+
+}  // namespace lumivex
