@@ -27,6 +27,16 @@ class GridLayout {
     // The scroll bar of InitOffScreen for a pane `paneHeight` pixels high.
     ScrollRange Range(int paneHeight) const;
 
+    // The divider rule of ResizeSeparatePos: a `left` below kMinSide becomes kMinSide, then
+    // one above `limit` becomes `limit`, so in a window too narrow for both the pane wins.
+    static int ClampDivider(int left, int limit);
+    // That limit: the pane keeps kMinSide pixels beside its scroll bar, which overlaps the
+    // canvas by one pixel.
+    static int DividerLimit(int windowWidth, int scrollBarWidth) {
+        return windowWidth - scrollBarWidth + 1 - kMinSide;
+    }
+    static constexpr int kMinSide = 100;
+
     int pDifX = 5;    // gap between items and the left margin after a wrap
     int pDifY = 20;   // gap between rows; the labels lie in it
     int pXpos = 5;    // left edge of the next item

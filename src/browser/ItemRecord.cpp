@@ -1,0 +1,20 @@
+#include "browser/ItemRecord.h"
+
+#include <utility>
+
+namespace lumivex {
+
+ItemRecord ItemRecord::FromScan(ScanItem&& item) {
+    ItemRecord record;
+    record.fname = std::move(item.fname);
+    record.path = std::move(item.path);
+    record.pict = std::move(item.pict);
+    record.w = item.w;
+    record.h = item.h;
+    record.rotate = item.rotate;
+    // selected, ifd1, rot, aspect and compact keep the values of a new item; x and y come
+    // from the layout.
+    return record;
+}
+
+}  // namespace lumivex
