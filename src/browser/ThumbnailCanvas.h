@@ -5,6 +5,7 @@
 // It decides nothing: presses, moves and wheel turns go out as signals in pane coordinates.
 #include <QFont>
 #include <QWidget>
+#include <utility>
 #include <vector>
 
 #include "browser/GridLayout.h"
@@ -18,9 +19,9 @@ class ThumbnailCanvas : public QWidget {
   public:
     explicit ThumbnailCanvas(QWidget* parent = nullptr);
 
-    // The items and layout to draw; both stay owned by the window. The first `count` items
-    // are drawn (the others are not complete yet). Paint sets "compact" of the items whose
-    // label it cut short.
+    // The items and layout to draw; both stay owned by the window. Every item in the vector
+    // is drawn: the window appends only complete items, on the main thread. Paint sets
+    // "compact" of the items whose label it cut short.
     void SetItems(std::vector<ItemRecord>* items, const GridLayout* layout);
     void SetColors(int background, int selection);  // pBkClr, pSeClr as 0xRRGGBB
     void SetFullNames(bool full);                   // gPref(33): labels with the extension
@@ -35,7 +36,8 @@ class ThumbnailCanvas : public QWidget {
     // A press at pane coordinates (add pScrY for content coordinates).
     void pressed(int x, int y, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
     void moved(int x, int y);
-    // Wheel turns in lines (positive downwards), already converted from angle deltas.
+    // Wheel turns in lines (positive downwards), already converted from angle deltas: one
+    // notch is one line; the fine steps of a touchpad add up to whole lines.
     void wheelLines(int lines);
 
   protected:
@@ -45,13 +47,19 @@ class ThumbnailCanvas : public QWidget {
     void wheelEvent(QWheelEvent* event) override;
 
   private:
+    int FontSize() const { return layout_ ? layout_->pFsize : 12; }
     // DrawCanvasDoc: one item, its frame and its label.
     void DrawCanvasDoc(QPainter& p, ItemRecord& item);
-    // DrawCanvasDocRect: a label too wide for the cell, cut with "..." over a fading end.
+    // DrawCanvasDocRect: a label too wide for the cell, cut with "..." over a fading end, in
+    // a strip w wide whose top left is (x, y).
     void DrawCanvasDocRect(QPainter& p, const QString& label, int x, int y, int w);
-    // DrawSelectItem: the 2-pixel frames of the selected items among `first`..`last`.
+    // DrawSelectItem: the 2-pixel frames of the selected items among [first, last).
     void DrawSelectItem(QPainter& p, std::size_t first, std::size_t last);
-    // The index range of items that may reach into the band [top, bottom) of the content.
+    // The index range [first, last) of items that may reach into the band [top, bottom) of
+    // the content: from the first item of the row that holds `top` to the last item whose
+    // selection frame starts above `bottom`. Items lie in index order with y never falling,
+    // and a row's labels end in the gap before the next row, so two binary searches do.
+    // The row that holds `top` is drawn whole, whatever the heights of its items.
     std::pair<std::size_t, std::size_t> VisibleRange(int top, int bottom) const;
 
     std::vector<ItemRecord>* items_ = nullptr;
@@ -60,6 +68,7 @@ class ThumbnailCanvas : public QWidget {
     QColor selection_{0x35, 0x84, 0xE4};
     bool fullNames_ = false;
     int scrollY_ = 0;
+    int wheelRest_ = 0;  // angle delta not yet worth a whole line, in eighths of a degree
     QFont font_;
 };
 

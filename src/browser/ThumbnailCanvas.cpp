@@ -1,0 +1,178 @@
+#include "browser/ThumbnailCanvas.h"
+
+#include <QFontMetricsF>
+#include <QImage>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QWheelEvent>
+#include <algorithm>
+#include <string>
+
+#include "core/Globals.h"
+
+namespace lumivex {
+namespace {
+
+constexpr int kFrameOut = 2;       // the selection frame's overhang around the picture
+constexpr int kLabelInset = 4;     // the label's margin on each side of the cell
+constexpr int kCutCover = 14;      // the end of a cut label hidden under the background
+constexpr int kEllipsisLeft = 12;  // "..." starts this far left of the cell's right edge
+constexpr int kStripExtra = 5;     // the cut label's strip is the font size plus this high
+constexpr int kNotchDelta = 120;   // angle delta of one wheel notch
+
+QColor ColorOf(int rgb) {
+    return QColor::fromRgb(static_cast<QRgb>(rgb & 0xFFFFFF));
+}
+
+// The item's thumbnail as an image over its own pixels: nothing is copied for a draw.
+QImage ImageOf(const Picture& pict) {
+    return QImage(pict.Pixels().data(), pict.Width(), pict.Height(), 3 * pict.Width(),
+                  QImage::Format_RGB888);
+}
+
+}  // namespace
+
+ThumbnailCanvas::ThumbnailCanvas(QWidget* parent) : QWidget(parent) {
+    font_.setFamilies(
+        {QStringLiteral("Hiragino Kaku Gothic Pro"), QStringLiteral("Noto Sans CJK JP")});
+    font_.setPixelSize(12);
+    // The tool tip needs the pointer's rest without a button held.
+    setMouseTracking(true);
+    // Paint covers every pixel of the area it is given.
+    setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void ThumbnailCanvas::SetItems(std::vector<ItemRecord>* items, const GridLayout* layout) {
+    items_ = items;
+    layout_ = layout;
+    font_.setPixelSize(FontSize());
+    update();
+}
+
+void ThumbnailCanvas::SetColors(int background, int selection) {
+    background_ = ColorOf(background);
+    selection_ = ColorOf(selection);
+    update();
+}
+
+void ThumbnailCanvas::SetFullNames(bool full) {
+    fullNames_ = full;
+    update();
+}
+
+void ThumbnailCanvas::SetScrollY(int y) {
+    scrollY_ = y;
+    update();
+}
+
+QString ThumbnailCanvas::LabelOf(const ItemRecord& item) const {
+    if (fullNames_) return QString::fromStdString(item.fname);
+    std::string body;
+    std::string extn;
+    gExtractBodyAndExtn(item.fname, body, extn);
+    return QString::fromStdString(body);
+}
+
+void ThumbnailCanvas::paintEvent(QPaintEvent* event) {
+    QPainter p(this);
+    const QRect area = event->rect();
+    p.fillRect(area, background_);
+    if (items_ == nullptr || items_->empty()) return;
+    p.translate(0, -scrollY_);
+    p.setFont(font_);
+    const auto [first, last] = VisibleRange(scrollY_ + area.top(), scrollY_ + area.bottom() + 1);
+    for (std::size_t i = first; i < last; ++i)
+        DrawCanvasDoc(p, (*items_)[i]);
+    // Selection frames lie over every thumbnail and label.
+    DrawSelectItem(p, first, last);
+}
+
+std::pair<std::size_t, std::size_t> ThumbnailCanvas::VisibleRange(int top, int bottom) const {
+    const std::vector<ItemRecord>& items = *items_;
+    const auto byY = [](const ItemRecord& item, int y) { return item.y < y; };
+    // The last item that starts at or above `top` is in the row that holds it.
+    auto rowEnd = std::upper_bound(items.begin(), items.end(), top,
+                                   [](int y, const ItemRecord& item) { return y < item.y; });
+    auto first = items.begin();
+    if (rowEnd != items.begin()) {
+        first = std::lower_bound(items.begin(), rowEnd, std::prev(rowEnd)->y, byY);
+    }
+    const auto last = std::lower_bound(first, items.end(), bottom + kFrameOut, byY);
+    return {static_cast<std::size_t>(first - items.begin()),
+            static_cast<std::size_t>(last - items.begin())};
+}
+
+void ThumbnailCanvas::DrawCanvasDoc(QPainter& p, ItemRecord& item) {
+    const int fsize = FontSize();
+    p.setPen(Qt::black);
+    if (!item.pict.IsNull()) {
+        p.drawImage(QPoint(item.x, item.y), ImageOf(item.pict));
+    } else {
+        p.drawText(QPointF(item.x + 8, item.y + item.h / 2), QStringLiteral("No Thumbnail"));
+    }
+    if (item.w > 0 && item.h > 0) {
+        p.setBrush(Qt::NoBrush);
+        p.drawRect(QRect(item.x, item.y, item.w - 1, item.h - 1));  // covers w by h pixels
+    }
+    const QString label = LabelOf(item);
+    const int width = static_cast<int>(QFontMetricsF(font_).horizontalAdvance(label));
+    const int room = item.w - 2 * kLabelInset;
+    if (width < room) {
+        const double left = (room - width) / 2.0 + item.x + kLabelInset;
+        p.drawText(QPointF(left, item.y + item.h + fsize + 2), label);
+        return;
+    }
+    DrawCanvasDocRect(p, label, item.x, item.y + item.h + 2, item.w);
+    item.compact = true;
+}
+
+void ThumbnailCanvas::DrawCanvasDocRect(QPainter& p, const QString& label, int x, int y, int w) {
+    const int fsize = FontSize();
+    const QRect strip(x, y, w, fsize + kStripExtra);
+    p.save();
+    p.setClipRect(strip, Qt::IntersectClip);
+    p.fillRect(strip, background_);
+    p.setPen(Qt::black);
+    p.drawText(QPointF(x + kLabelInset, y + fsize), label);
+    // The name runs on under the cover, so it fades by pixels, not by whole characters.
+    p.fillRect(QRect(x + w - kCutCover, y, kCutCover, strip.height()), background_);
+    p.drawText(QPointF(x + w - kEllipsisLeft, y + fsize), QStringLiteral("..."));
+    p.restore();
+}
+
+void ThumbnailCanvas::DrawSelectItem(QPainter& p, std::size_t first, std::size_t last) {
+    // A 2-pixel pen inside the rectangle (x-2, y-2, w+4, h+4): the frame leaves the picture
+    // and its black frame uncovered, and frames of neighbours never touch.
+    for (std::size_t i = first; i < last; ++i) {
+        const ItemRecord& item = (*items_)[i];
+        if (!item.selected) continue;
+        const QRect outer(item.x - kFrameOut, item.y - kFrameOut, item.w + 2 * kFrameOut,
+                          item.h + 2 * kFrameOut);
+        p.fillRect(QRect(outer.left(), outer.top(), outer.width(), kFrameOut), selection_);
+        p.fillRect(QRect(outer.left(), item.y + item.h, outer.width(), kFrameOut), selection_);
+        p.fillRect(QRect(outer.left(), item.y, kFrameOut, item.h), selection_);
+        p.fillRect(QRect(item.x + item.w, item.y, kFrameOut, item.h), selection_);
+    }
+}
+
+void ThumbnailCanvas::mousePressEvent(QMouseEvent* event) {
+    const QPoint at = event->position().toPoint();
+    emit pressed(at.x(), at.y(), event->button(), event->modifiers());
+}
+
+void ThumbnailCanvas::mouseMoveEvent(QMouseEvent* event) {
+    const QPoint at = event->position().toPoint();
+    emit moved(at.x(), at.y());
+}
+
+void ThumbnailCanvas::wheelEvent(QWheelEvent* event) {
+    // A turn away from the user (positive angle) scrolls up.
+    wheelRest_ -= event->angleDelta().y();
+    const int lines = wheelRest_ / kNotchDelta;
+    wheelRest_ -= lines * kNotchDelta;
+    if (lines != 0) emit wheelLines(lines);
+    event->accept();
+}
+
+}  // namespace lumivex
