@@ -1,0 +1,84 @@
+// The mount table: the kernel's line shape, its escapes, and the lines it must not trust.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "platform/MountTable.h"
+
+namespace lumivex {
+namespace {
+
+TEST(MountTableTest, ParsesFieldsOptionalTagsAndEscapes) {
+    const MountTable t = MountTable::Parse(
+        "22 1 8:2 / / rw,relatime shared:1 - ext4 /dev/sda2 rw\n"
+        "98 22 8:17 / /media/ann/My\\040Card rw,nosuid master:4 shared:9 - vfat /dev/sdb1 rw\n"
+        "99 22 0:52 /sub /run/a\\011b\\134c\\012d rw - tmpfs tmp\\040fs rw\n"
+        "100 22 0:53 / /mnt/x rw - fuse.sshfs u@h:/w\\040x rw\n");
+    ASSERT_EQ(t.Entries().size(), 4u);
+    const MountEntry& card = t.Entries()[1];
+    EXPECT_EQ(card.mountId, 98);
+    EXPECT_EQ(card.major, 8u);
+    EXPECT_EQ(card.minor, 17u);
+    EXPECT_EQ(card.mountPoint, "/media/ann/My Card");
+    EXPECT_EQ(card.fsType, "vfat");
+    EXPECT_EQ(card.source, "/dev/sdb1");
+    EXPECT_EQ(t.Entries()[2].root, "/sub");
+    EXPECT_EQ(t.Entries()[2].mountPoint, "/run/a\tb\\c\nd");
+    EXPECT_EQ(t.Entries()[2].source, "tmp fs");
+    EXPECT_EQ(t.Entries()[3].source, "u@h:/w x");
+}
+
+TEST(MountTableTest, UnescapeLeavesWhatIsNotAThreeDigitOctalEscape) {
+    const struct {
+        const char* in;
+        const char* out;
+    } cases[] = {
+        {"a\\040b", "a b"}, {"\\134", "\\"}, {"tail\\04", "tail\\04"}, {"\\08x", "\\08x"},
+        {"\\", "\\"},       {"", ""},        {"x\\", "x\\"},           {"\\101\\102", "AB"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(MountTable::Unescape(c.in), c.out) << c.in;
+}
+
+TEST(MountTableTest, SkipsMalformedLines) {
+    const MountTable t = MountTable::Parse(
+        "\n"
+        "garbage\n"
+        "1 2 8:1 / /a rw shared:1 ext4 /dev/sda1 rw\n"  // no separator
+        "1 2 81 / /b rw - ext4 /dev/sda1 rw\n"          // no major:minor
+        "x 2 8:1 / /c rw - ext4 /dev/sda1 rw\n"         // id not a number
+        "1 2 8:1 / relative rw - ext4 /dev/sda1 rw\n"   // mount point not absolute
+        "1 2 8:1 / /d rw - ext4\n"                      // too few fields after the separator
+        "7 2 8:1 / /ok rw - ext4 /dev/sda1 rw");        // no final line end
+    ASSERT_EQ(t.Entries().size(), 1u);
+    EXPECT_EQ(t.Entries()[0].mountPoint, "/ok");
+}
+
+TEST(MountTableTest, BoundsTheNumberOfEntries) {
+    std::string text;
+    for (std::size_t i = 0; i < MountTable::kMaxEntries + 5; ++i)
+        text += "1 1 0:1 / /m" + std::to_string(i) + " rw - tmpfs t rw\n";
+    EXPECT_EQ(MountTable::Parse(text).Entries().size(), MountTable::kMaxEntries);
+}
+
+TEST(MountTableTest, FindTakesTheTopMountAndTablesCompare) {
+    const std::string base = "1 0 8:1 / / rw - ext4 /dev/sda1 rw\n";
+    const std::string over = "2 1 0:9 / /m rw - tmpfs a rw\n3 1 0:10 / /m rw - tmpfs b rw\n";
+    const MountTable t = MountTable::Parse(base + over);
+    ASSERT_NE(t.Find("/m"), nullptr);
+    EXPECT_EQ(t.Find("/m")->source, "b");
+    EXPECT_EQ(t.Find("/nothing"), nullptr);
+    EXPECT_EQ(t.MountPoints(), (std::vector<std::string>{"/", "/m"}));
+    EXPECT_EQ(t, MountTable::Parse(base + over));
+    EXPECT_NE(t, MountTable::Parse(base));
+}
+
+TEST(MountTableTest, ReadsTheLiveTableAndToleratesAMissingFile) {
+    const MountTable live = MountTable::Read();
+    ASSERT_FALSE(live.Entries().empty());
+    EXPECT_NE(live.Find("/"), nullptr);
+    EXPECT_TRUE(MountTable::Read("/nonexistent/mountinfo").Entries().empty());
+}
+
+}  // namespace
+}  // namespace lumivex
