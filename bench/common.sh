@@ -4,12 +4,17 @@ ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$ROOT"
 source scripts/deps.sh
 
+# The release preset builds in build/release unless LUMIVEX_BUILD_DIR names another folder
+# (a developer who shares the tree keeps a build of their own); LUMIVEX_BUILD_JOBS bounds the
+# compile jobs.
+BUILD=${LUMIVEX_BUILD_DIR:-$ROOT/build/release}
+
 bench_setup() {
     lumivex_install "${LUMIVEX_PACKAGES[@]}" exiv2 libimage-exiftool-perl
-    cmake --preset release >/dev/null
-    cmake --build --preset release -j "$(nproc)" >/dev/null
-    LUMIVEX=$ROOT/build/release/src/cli/lumivex
-    FIXTURE=$ROOT/build/release/tests/fixtures/lumivex-fixture
+    cmake --preset release -B "$BUILD" >/dev/null
+    cmake --build "$BUILD" -j "${LUMIVEX_BUILD_JOBS:-$(nproc)}" >/dev/null
+    LUMIVEX=$BUILD/src/cli/lumivex
+    FIXTURE=$BUILD/tests/fixtures/lumivex-fixture
 }
 
 # Best wall time in seconds of three runs of a command (after one warm-up run that also

@@ -6,7 +6,7 @@ source "$(dirname "$0")/common.sh"
 N=${1:-2000}
 bench_setup
 
-DIR=$ROOT/build/release/bench-info-$N
+DIR=$BUILD/bench-info-$N
 if [ ! -d "$DIR" ] || [ "$(ls "$DIR" | wc -l)" -ne "$N" ]; then
     rm -rf "$DIR"
     "$FIXTURE" realistic "$N" "$DIR" --order mixed >/dev/null

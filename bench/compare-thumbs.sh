@@ -6,9 +6,9 @@
 source "$(dirname "$0")/common.sh"
 N=${1:-2000}
 bench_setup
-FLOOR=$ROOT/build/release/bench/lumivex_floor_scan
+FLOOR=$BUILD/bench/lumivex_floor_scan
 
-DIR=$ROOT/build/release/bench-thumbs-$N
+DIR=$BUILD/bench-thumbs-$N
 if [ ! -d "$DIR" ] || [ "$(ls "$DIR" | wc -l)" -ne "$N" ]; then
     rm -rf "$DIR"
     "$FIXTURE" realistic "$N" "$DIR" --size 3000000 --order mixed >/dev/null
@@ -23,7 +23,7 @@ echo "files: ${#FILES[@]} in $DIR ($(du -sh --apparent-size "$DIR" | cut -f1) ap
 # last and swung the figures several-fold.
 OUT_BASE=${LUMIVEX_BENCH_OUT:-}
 if [ -z "$OUT_BASE" ]; then
-    OUT_BASE=$ROOT/build/release
+    OUT_BASE=$BUILD
     if [ -d /dev/shm ] && [ -w /dev/shm ]; then OUT_BASE=/dev/shm; fi
 fi
 OUTS=$(mktemp -d "$OUT_BASE/lumivex-bench-thumbs.XXXXXX")
