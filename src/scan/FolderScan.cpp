@@ -52,7 +52,7 @@ const char* SkipReasonText(SkipReason reason) {
     return "";
 }
 
-// One entry's result, filled by a worker and taken by the hand-out.
+// One entry's result, filled by whichever thread took the entry and read by the hand-out.
 struct FolderScan::Slot {
     bool done = false;
     bool hit = false;
@@ -62,12 +62,18 @@ struct FolderScan::Slot {
 
 namespace {
 
-// The coordination of one run: which entry is next to read, how far the hand-out has come.
+// The coordination of one run. The calling thread hands out the results in name order and,
+// while the next one is not ready, reads entries itself; it sleeps only when every entry
+// within reach is already being read by a helper. Each side wakes the other only when it is
+// known to sleep, so that a run costs few context switches rather than one per file.
 struct Shared {
     std::mutex m;
-    std::condition_variable cv;
-    std::size_t next = 0;
+    std::condition_variable helperCv;  // a helper waits for room in the look-ahead
+    std::condition_variable callerCv;  // the caller waits for the entry it hands out next
+    std::size_t next = 0;              // the first entry nobody has taken
     std::size_t handedOut = 0;
+    std::size_t helpersWaiting = 0;
+    bool callerWaiting = false;
     bool finished = false;
 };
 
@@ -76,65 +82,84 @@ struct Shared {
 FolderScan::FolderScan(std::filesystem::path folder, ScanOptions options)
     : folder_(std::move(folder)), options_(std::move(options)), names_(ListNames(folder_)) {}
 
+void FolderScan::Read(exifGPS& x, std::size_t i, Slot& slot) const {
+    if (!options_.filter.Accepts(names_[i])) {
+        slot.reason = SkipReason::NotAnImageName;
+        return;
+    }
+    x.fitem = folder_ / names_[i];
+    x.GetThumbNail();
+    slot.hit = x.ret;
+    if (!x.ret) {
+        slot.reason = ReasonOf(x.outcome);
+        return;
+    }
+    slot.item = ScanItem{names_[i], x.fitem.string(), std::move(x.Thumbnail), 0, 0, x.Rotate};
+    slot.item.w = slot.item.pict.Width();
+    slot.item.h = slot.item.pict.Height();
+}
+
 ScanStats FolderScan::Run(const ItemHandler& onItem, const SkipHandler& onSkip) {
     ScanStats stats;
-    stats.entries = names_.size();
-    std::vector<Slot> slots(names_.size());
+    const std::size_t count = names_.size();
+    stats.entries = count;
+    std::vector<Slot> slots(count);
     Shared shared;
     unsigned threads = options_.threads ? options_.threads : std::thread::hardware_concurrency();
     threads = std::clamp<unsigned>(threads, 1, 16);
-    std::vector<std::uint64_t> bytes(threads, 0);
-
-    auto worker = [&](unsigned w) {
-        exifGPS x;
+    std::vector<exifGPS> readers(threads);
+    for (exifGPS& x : readers) {
         x.Orientation = options_.orientation;
         x.NoThumb = options_.noThumb;
         x.ReadAllTags = false;
+    }
+    // Takes the next entry within the look-ahead; count when there is none. Needs the lock.
+    // The caller's own entry is always within reach, so the caller sleeps only while a helper
+    // reads it.
+    auto take = [&]() -> std::size_t {
+        if (shared.next >= count || shared.next >= shared.handedOut + kLookAhead) return count;
+        return shared.next++;
+    };
+
+    auto helper = [&](unsigned w) {
+        std::unique_lock lock(shared.m);
         for (;;) {
-            std::size_t i;
-            {
-                std::unique_lock lock(shared.m);
-                shared.cv.wait(lock, [&] {
-                    return shared.finished || stop_.load() || shared.next >= names_.size() ||
-                           shared.next < shared.handedOut + kLookAhead;
-                });
-                if (shared.finished || stop_.load() || shared.next >= names_.size()) break;
-                i = shared.next++;
+            const std::size_t i = shared.finished || stop_.load() ? count : take();
+            if (i == count) {
+                if (shared.finished || stop_.load() || shared.next >= count) break;
+                ++shared.helpersWaiting;
+                shared.helperCv.wait(lock);
+                --shared.helpersWaiting;
+                continue;
             }
-            Slot& slot = slots[i];
-            if (!options_.filter.Accepts(names_[i])) {
-                slot.reason = SkipReason::NotAnImageName;
-            } else {
-                x.fitem = folder_ / names_[i];
-                x.GetThumbNail();
-                slot.hit = x.ret;
-                if (x.ret) {
-                    slot.item = ScanItem{names_[i], x.fitem.string(), std::move(x.Thumbnail), 0,
-                                         0,         x.Rotate};
-                    slot.item.w = slot.item.pict.Width();
-                    slot.item.h = slot.item.pict.Height();
-                } else {
-                    slot.reason = ReasonOf(x.outcome);
-                }
-            }
-            {
-                std::lock_guard lock(shared.m);
-                slot.done = true;
-            }
-            shared.cv.notify_all();
+            lock.unlock();
+            Read(readers[w], i, slots[i]);
+            lock.lock();
+            slots[i].done = true;
+            if (shared.callerWaiting && i == shared.handedOut) shared.callerCv.notify_one();
         }
-        bytes[w] = x.Source().BytesRead();
     };
 
     std::vector<std::jthread> helpers;
     for (unsigned w = 1; w < threads; ++w)
-        helpers.emplace_back(worker, w);
-    std::jthread first(worker, 0u);
+        helpers.emplace_back(helper, w);
 
-    for (std::size_t i = 0; i < slots.size(); ++i) {
+    for (std::size_t i = 0; i < count; ++i) {
         {
             std::unique_lock lock(shared.m);
-            shared.cv.wait(lock, [&] { return slots[i].done || stop_.load(); });
+            while (!slots[i].done && !stop_.load()) {
+                const std::size_t j = take();
+                if (j == count) {
+                    shared.callerWaiting = true;
+                    shared.callerCv.wait(lock);
+                    shared.callerWaiting = false;
+                    continue;
+                }
+                lock.unlock();
+                Read(readers[0], j, slots[j]);
+                lock.lock();
+                slots[j].done = true;
+            }
         }
         // The stop is looked at before each entry is taken, as a user expects of "stop".
         if (stop_.load()) {
@@ -143,27 +168,27 @@ ScanStats FolderScan::Run(const ItemHandler& onItem, const SkipHandler& onSkip) 
         }
         if (slots[i].hit) {
             ++stats.items;
-            onItem(std::move(slots[i].item));
+            // Handed over, not lent: a picture the handler does not keep is freed now and not
+            // at the end of the run.
+            ScanItem item = std::move(slots[i].item);
+            onItem(std::move(item));
         } else if (onSkip) {
             onSkip(names_[i], slots[i].reason);
         }
         ++stats.examined;
         progress_.store(i + 1, std::memory_order_release);
-        {
-            std::lock_guard lock(shared.m);
-            shared.handedOut = i + 1;
-        }
-        shared.cv.notify_all();
+        std::lock_guard lock(shared.m);
+        shared.handedOut = i + 1;
+        if (shared.helpersWaiting > 0) shared.helperCv.notify_all();
     }
     {
         std::lock_guard lock(shared.m);
         shared.finished = true;
+        shared.helperCv.notify_all();
     }
-    shared.cv.notify_all();
     helpers.clear();
-    first.join();
-    for (const auto b : bytes)
-        stats.bytesRead += b;
+    for (exifGPS& x : readers)
+        stats.bytesRead += x.Source().BytesRead();
     return stats;
 }
 

@@ -15,6 +15,8 @@
 
 namespace lumivex {
 
+class exifGPS;
+
 struct ScanStats {
     std::size_t entries = 0;      // entries of the folder
     std::size_t examined = 0;     // entries taken before the end or a stop
@@ -49,7 +51,8 @@ class FolderScan {
 
   private:
     struct Slot;
-    void Work(std::vector<Slot>& slots, std::uint64_t& bytesRead);
+    // Reads entry i with reader x into its slot.
+    void Read(exifGPS& x, std::size_t i, Slot& slot) const;
 
     std::filesystem::path folder_;
     ScanOptions options_;
