@@ -28,10 +28,11 @@ bool ByteSource::OpenFile(const std::filesystem::path& file) {
     open_ = true;
     size_ = static_cast<std::uint64_t>(st.st_size);
     if (!head_) head_ = std::make_unique<std::uint8_t[]>(kHeadSize);
-    headLen_ =
-        ReadAt(0, head_.get(), static_cast<std::size_t>(std::min<std::uint64_t>(size_, kHeadSize)));
+    const auto want = static_cast<std::size_t>(std::min<std::uint64_t>(size_, kFirstRead));
+    headLen_ = ReadAt(0, head_.get(), want);
     // A file that shrank since fstat ends where the read ended.
-    if (headLen_ < kHeadSize) size_ = std::min<std::uint64_t>(size_, headLen_);
+    if (headLen_ < want) size_ = headLen_;
+    grown_ = size_ <= headLen_;
     return true;
 }
 
@@ -49,6 +50,7 @@ void ByteSource::Close() {
     open_ = false;
     size_ = 0;
     headLen_ = 0;
+    grown_ = false;
     for (Page& p : pages_)
         p.len = 0;
 }
@@ -63,6 +65,15 @@ std::size_t ByteSource::ReadAt(std::uint64_t pos, std::uint8_t* out, std::size_t
     }
     bytesRead_ += done;
     return done;
+}
+
+void ByteSource::Reach(std::uint64_t first, std::uint64_t last) {
+    if (grown_ || mem_ != nullptr || last < headLen_ || first >= kHeadSize) return;
+    grown_ = true;
+    const auto want = static_cast<std::size_t>(std::min<std::uint64_t>(size_, kHeadSize));
+    if (want <= headLen_) return;
+    headLen_ += ReadAt(headLen_, head_.get() + headLen_, want - headLen_);
+    if (headLen_ < want) size_ = headLen_;
 }
 
 const ByteSource::Page& ByteSource::PageFor(std::uint64_t pos) {
@@ -82,6 +93,9 @@ std::uint8_t ByteSource::At(std::uint64_t pos) {
     if (pos >= size_) return 0;
     if (mem_) return mem_[pos];
     if (pos < headLen_) return head_[pos];
+    Reach(pos, pos);
+    if (pos < headLen_) return head_[pos];
+    if (pos >= size_) return 0;
     const Page& p = PageFor(pos);
     return pos - p.pos < p.len ? p.data[pos - p.pos] : 0;
 }
@@ -90,6 +104,7 @@ void ByteSource::Copy(std::uint64_t pos, std::uint8_t* out, std::size_t n) {
     // An empty block has no buffer, and memcpy wants a real pointer even for no bytes.
     if (n == 0) return;
     std::size_t done = 0;
+    if (pos < size_) Reach(pos, pos + std::min<std::uint64_t>(n, size_ - pos) - 1);
     if (pos < size_) {
         const auto avail = static_cast<std::size_t>(std::min<std::uint64_t>(n, size_ - pos));
         if (mem_) {
@@ -109,6 +124,7 @@ void ByteSource::Copy(std::uint64_t pos, std::uint8_t* out, std::size_t n) {
 }
 
 std::vector<std::uint8_t> ByteSource::Block(std::uint64_t pos, std::uint64_t n, std::uint64_t cap) {
+    if (pos < size_ && n > 0 && cap > 0) Reach(pos, pos + std::min({n, size_ - pos, cap}) - 1);
     if (pos >= size_) return {};
     const std::uint64_t len = std::min({n, size_ - pos, cap});
     std::vector<std::uint8_t> out(static_cast<std::size_t>(len));

@@ -1,8 +1,9 @@
 #pragma once
 // The bytes of one image file as the Exif engine sees them: the head is read into memory
-// with one read, positions beyond it are fetched a page or a block at a time, and every byte
-// past the end of the file reads as zero. A damaged or vanished file thus costs at most a few
-// reads and never fails loudly.
+// with one small read and, the first time a value lies beyond it, grown once to kHeadSize;
+// positions beyond that are fetched a page or a block at a time, and every byte past the end
+// of the file reads as zero. A damaged or vanished file thus costs at most a few reads and
+// never fails loudly.
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -14,6 +15,10 @@ namespace lumivex {
 
 class ByteSource {
   public:
+    // Most cameras write an Exif segment of a few KB with the thumbnail inside it, so the
+    // first read covers that; maker notes can fill the segment up to its 64 KiB limit, and
+    // then the head grows to cover it with one more read.
+    static constexpr std::size_t kFirstRead = 16 * 1024;
     static constexpr std::size_t kHeadSize = 64 * 1024;
 
     ByteSource() = default;
@@ -47,6 +52,9 @@ class ByteSource {
     };
 
     std::size_t ReadAt(std::uint64_t pos, std::uint8_t* out, std::size_t n);
+    // Grows the head to kHeadSize, once, when [first, last] starts within kHeadSize but ends
+    // past the bytes read so far.
+    void Reach(std::uint64_t first, std::uint64_t last);
     const Page& PageFor(std::uint64_t pos);
 
     bool open_ = false;
@@ -55,6 +63,7 @@ class ByteSource {
     std::uint64_t size_ = 0;
     std::unique_ptr<std::uint8_t[]> head_;
     std::size_t headLen_ = 0;
+    bool grown_ = false;
     // A few small pages for values that lie beyond the head, so that a file whose pointers
     // jump around costs one small read per page and not one per value.
     Page pages_[kPages];
