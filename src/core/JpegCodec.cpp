@@ -61,7 +61,10 @@ Picture DecodeWith(ThreadHandle& codec, const unsigned char* data, unsigned long
     int width = 0, height = 0, subsamp = 0, colorspace = 0;
     const int rc = tjDecompressHeader3(handle, data, size, &width, &height, &subsamp, &colorspace);
     if (Failed(codec, rc)) return {};
-    Picture pic = Picture::Make(width, height);  // refuses sizes beyond the cap
+    // Refuses sizes beyond the cap. The decoder writes every row when it succeeds, and also
+    // after a mere warning (data cut short is filled in), so the buffer is not zeroed first;
+    // any other outcome drops the picture.
+    Picture pic = Picture::MakeUninitialized(width, height);
     if (pic.IsNull()) return {};
     handle = codec.Get();
     if (Failed(codec, tjDecompress2(handle, data, size, pic.Row(0), width, width * 3, height,

@@ -12,11 +12,11 @@ std::size_t ByteCount(int width, int height) {
 
 }  // namespace
 
-Picture::Picture(int width, int height, std::vector<std::uint8_t> rgb) {
+Picture::Picture(int width, int height, const std::vector<std::uint8_t>& rgb) {
     if (!SizeAllowed(width, height) || rgb.size() != ByteCount(width, height)) return;
     width_ = width;
     height_ = height;
-    pixels_ = std::move(rgb);
+    pixels_.assign(rgb.begin(), rgb.end());
 }
 
 bool Picture::SizeAllowed(std::int64_t width, std::int64_t height) {
@@ -25,10 +25,22 @@ bool Picture::SizeAllowed(std::int64_t width, std::int64_t height) {
 }
 
 Picture Picture::Make(int width, int height) {
+    return Allocate(width, height, true);
+}
+
+Picture Picture::MakeUninitialized(int width, int height) {
+    return Allocate(width, height, false);
+}
+
+Picture Picture::Allocate(int width, int height, bool zero) {
     Picture pic;
     if (!SizeAllowed(width, height)) return pic;
     try {
-        pic.pixels_.assign(ByteCount(width, height), 0);
+        if (zero) {
+            pic.pixels_.assign(ByteCount(width, height), 0);
+        } else {
+            pic.pixels_.resize(ByteCount(width, height));
+        }
     } catch (const std::bad_alloc&) {
         return Picture();
     }

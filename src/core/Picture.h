@@ -5,29 +5,35 @@
 #include <vector>
 
 #include "core/Color.h"
+#include "core/DefaultInitAllocator.h"
 
 namespace lumivex {
 
 class Picture {
   public:
+    using PixelBuffer = std::vector<std::uint8_t, DefaultInitAllocator<std::uint8_t>>;
+
     // The largest picture this program will hold: 16 Mi pixels, 48 MiB of RGB. Thumbnails are far
     // smaller; the cap keeps a damaged header from asking for gigabytes.
     static constexpr std::int64_t kMaxPixels = 16'777'216;
 
     Picture() = default;
-    // Takes `rgb` as width x height pixels, three bytes each, top row first. A size that is out
+    // Copies `rgb` as width x height pixels, three bytes each, top row first. A size that is out
     // of range or does not match the buffer gives a null picture.
-    Picture(int width, int height, std::vector<std::uint8_t> rgb);
+    Picture(int width, int height, const std::vector<std::uint8_t>& rgb);
 
     // A black picture of that size; null when a side is not positive, the area is above
     // kMaxPixels or the memory cannot be had.
     static Picture Make(int width, int height);
+    // Like Make, but the pixels are left as the allocator hands them out: only for a writer
+    // that sets every byte before the picture is used, such as a decoder that succeeded.
+    static Picture MakeUninitialized(int width, int height);
     static bool SizeAllowed(std::int64_t width, std::int64_t height);
 
     int Width() const { return width_; }
     int Height() const { return height_; }
     bool IsNull() const { return width_ == 0 || height_ == 0; }
-    const std::vector<std::uint8_t>& Pixels() const { return pixels_; }
+    const PixelBuffer& Pixels() const { return pixels_; }
 
     // The first byte of row y; the rows lie one after another. nullptr for a row outside.
     std::uint8_t* Row(int y);
@@ -43,10 +49,11 @@ class Picture {
   private:
     bool Contains(int x, int y) const { return x >= 0 && y >= 0 && x < width_ && y < height_; }
     std::size_t Offset(int x, int y) const;
+    static Picture Allocate(int width, int height, bool zero);
 
     int width_ = 0;
     int height_ = 0;
-    std::vector<std::uint8_t> pixels_;
+    PixelBuffer pixels_;
 };
 
 }  // namespace lumivex
