@@ -1,7 +1,9 @@
 #pragma once
-// Writes exported pictures. A file is first written under a temporary name in the target
-// folder and only then given its name, so that a full disk or a vanished card never leaves a
-// half file under a real name.
+// Writes exported pictures. Neither way ever leaves a half file under a real name after a
+// failed write (a full disk, a vanished card): Replace writes under a temporary name and then
+// renames over the old file; CreateNew creates the name exclusively, so it never touches an
+// existing file, and removes what it created when a write fails. Only a process killed in the
+// middle of CreateNew can leave a short new file behind.
 #include <cstdint>
 #include <filesystem>
 #include <span>
@@ -14,8 +16,8 @@ class OutputFile {
 
     // Gives `file` the bytes, replacing a file of that name.
     static Result Replace(const std::filesystem::path& file, std::span<const std::uint8_t> bytes);
-    // Gives `file` the bytes only when no entry of that name exists; an existing one is left
-    // alone and reported as Exists, also when it appears while the bytes are being written.
+    // Gives `file` the bytes only when no entry of that name exists, not even a dangling link;
+    // an existing one is left alone and reported as Exists.
     static Result CreateNew(const std::filesystem::path& file, std::span<const std::uint8_t> bytes);
 
   private:
