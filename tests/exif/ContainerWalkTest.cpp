@@ -8,6 +8,8 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <optional>
+#include <string>
 
 #include "ExifTestSupport.h"
 
@@ -186,6 +188,52 @@ TEST(ContainerWalk, FilesThatCannotBeRead) {
     x.fitem = good;
     x.GetExif();
     EXPECT_TRUE(x.ret);
+}
+
+// A file is read in stretches: a first read, the head grown once, pages and blocks beyond.
+// Whatever comes out must be what the same bytes give from memory, wherever the values lie.
+TEST(ContainerWalk, FileReadsMatchMemoryWhereverValuesLie) {
+    TempDir dir;
+    struct Case {
+        std::size_t text;                // a description this long pushes everything after it along
+        std::optional<std::size_t> cut;  // inside the thumbnail
+    };
+    const Case cases[] = {{0, {}},        {16000, {}},   {16300, {}},  {30000, {}},
+                          {60000, {}},    {70000, {}},   {200000, {}}, {16300, 17000},
+                          {30000, 32000}, {60000, 62000}};
+    int n = 0;
+    for (const Case& c : cases) {
+        for (const auto order : BothOrders()) {
+            ExifJpegBuilder b(order);
+            b.Ifd0().Ascii(0x010E, std::string(c.text, 'd')).Ascii(0x010F, "Maker");
+            b.Exif().Ascii(0x9003, "2024:01:02 03:04:05");
+            b.Gps().Ascii(0x0001, "N");
+            b.JpegThumbnail(160, 120).MainImage(300000);
+            if (c.cut) b.TruncateAt(*c.cut);
+            const auto file = dir.path() / ("f" + std::to_string(n++) + ".jpg");
+            b.Write(file);
+
+            exifGPS fromFile, fromMemory;
+            fromFile.fitem = file;
+            const std::vector<std::uint8_t> bytes = b.Build();
+            fromMemory.fbytes = bytes;
+            const std::string what = std::to_string(c.text) + (c.cut ? " cut" : "");
+            std::string f[6], m[6];
+            fromFile.GetExif();
+            fromMemory.GetExif();
+            ASSERT_EQ(fromFile.ret, fromMemory.ret) << what;
+            fromFile.GetInfo(f[0], f[1], f[2], f[3], f[4], f[5]);
+            fromMemory.GetInfo(m[0], m[1], m[2], m[3], m[4], m[5]);
+            for (int k = 0; k < 6; ++k)
+                EXPECT_EQ(f[k], m[k]) << what << " GetInfo" << k + 1;
+
+            fromFile.GetThumbNail();
+            fromMemory.GetThumbNail();
+            EXPECT_TRUE(fromFile.ret || c.cut) << what;
+            EXPECT_EQ(fromFile.ret, fromMemory.ret) << what;
+            EXPECT_EQ(fromFile.Thumbnail, fromMemory.Thumbnail) << what;
+        }
+    }
 }
 
 }  // namespace
