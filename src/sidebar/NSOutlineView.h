@@ -11,6 +11,7 @@ namespace lumivex {
 class Settings;
 class FolderTree;
 class SidebarModel;
+class SidebarDelegate;
 
 class NSOutlineView : public QTreeView {
     Q_OBJECT
@@ -36,6 +37,13 @@ class NSOutlineView : public QTreeView {
     void SetFolderColor(int rgb);
 
     FolderTree& Tree();
+    SidebarModel& Model();
+    // The number of rows shown, through every open level (the group row included).
+    int VisibleRowCount() const;
+    // The display index of `index`, or -1 when it is not shown.
+    int RowOfIndex(const QModelIndex& index) const;
+    // The index shown at display index `row`; invalid when there is none.
+    QModelIndex IndexOfRow(int row) const;
 
   signals:
     // A row was selected (row >= 0, with its path) or the selection ended in nothing (-1, "").
@@ -44,6 +52,15 @@ class NSOutlineView : public QTreeView {
   protected:
     // actionEvent: a click below the rows deselects.
     void mousePressEvent(QMouseEvent* event) override;
+
+  private:
+    void OnSelectionChanged();
+    void MarkExpand(const QModelIndex& index, bool open);
+
+    const Settings& prefs_;
+    std::unique_ptr<FolderTree> tree_;
+    SidebarModel* model_;
+    SidebarDelegate* delegate_;
 };
 
 }  // namespace lumivex
