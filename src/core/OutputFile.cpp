@@ -26,8 +26,10 @@ bool WriteAll(int fd, std::span<const std::uint8_t> bytes) {
 
 std::filesystem::path OutputFile::WriteTemporary(const std::filesystem::path& file,
                                                  std::span<const std::uint8_t> bytes) {
-    std::string pattern =
-        (file.parent_path() / ("." + file.filename().string() + ".XXXXXX")).string();
+    std::string name = ".";
+    name += file.filename().string();
+    name += ".XXXXXX";
+    std::string pattern = (file.parent_path() / name).string();
     const int fd = ::mkostemp(pattern.data(), O_CLOEXEC);
     if (fd < 0) return {};
     ::fchmod(fd, 0644);
@@ -58,15 +60,20 @@ OutputFile::Result OutputFile::CreateNew(const std::filesystem::path& file,
     // for a batch of small thumbnails those doubled the cost of each one.
     const int fd = ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0644);
     if (fd < 0) return errno == EEXIST ? Result::Exists : Result::Failed;
-    struct stat mine {};
-    const bool known = ::fstat(fd, &mine) == 0;
-    const bool ok = WriteAll(fd, bytes);
-    if (::close(fd) == 0 && ok) return Result::Written;
-    // Removes the half file, provided the name still is the file this call created.
-    struct stat named {};
-    if (known && ::lstat(file.c_str(), &named) == 0 && mine.st_dev == named.st_dev &&
-        mine.st_ino == named.st_ino)
+    if (WriteAll(fd, bytes)) {
+        if (::close(fd) == 0) return Result::Written;
+        // The data may be lost (a network file system reports that only here); the name is
+        // this call's own file, created a moment ago.
         ::unlink(file.c_str());
+        return Result::Failed;
+    }
+    // Removes the half file, provided the name still is the file this call created.
+    struct stat mine {};
+    struct stat named {};
+    if (::fstat(fd, &mine) == 0 && ::lstat(file.c_str(), &named) == 0 &&
+        mine.st_dev == named.st_dev && mine.st_ino == named.st_ino)
+        ::unlink(file.c_str());
+    ::close(fd);
     return Result::Failed;
 }
 
