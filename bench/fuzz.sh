@@ -31,11 +31,13 @@ fi
 
 # The seeds come from the fixture writer of the ordinary build; the fuzz build has none of
 # its own tools instrumented for that.
+# LUMIVEX_FIXTURE_BUILD_DIR names another build of the default preset to take it from.
+FIXTURE_BUILD=${LUMIVEX_FIXTURE_BUILD_DIR:-$ROOT/build/default}
 if [ ! -d "$SEEDS" ] || [ -z "$(ls -A "$SEEDS")" ]; then
-    [ -f build/default/build.ninja ] || cmake --preset default >/dev/null
-    cmake --build build/default --target lumivex-fixture >"$OUT/build.log" 2>&1 ||
+    [ -f "$FIXTURE_BUILD/build.ninja" ] || cmake --preset default -B "$FIXTURE_BUILD" >/dev/null
+    cmake --build "$FIXTURE_BUILD" --target lumivex-fixture >"$OUT/build.log" 2>&1 ||
         { tail -40 "$OUT/build.log" >&2; exit 1; }
-    build/default/tests/fixtures/lumivex-fixture seeds "$SEEDS"
+    "$FIXTURE_BUILD/tests/fixtures/lumivex-fixture" seeds "$SEEDS"
 fi
 mkdir -p "$CORPUS" "$ARTIFACTS"
 
