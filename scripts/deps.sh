@@ -4,7 +4,11 @@ LUMIVEX_PACKAGES=(
     libturbojpeg0-dev
     libgtest-dev libgmock-dev libbenchmark-dev bc
     clang-format
+    qt6-base-dev qt6-base-dev-tools qt6-svg-dev libqt6svg6 qt6-image-formats-plugins
+    fonts-noto-cjk
 )
+# What scripts/run needs to show the program on a machine without a display.
+LUMIVEX_HEADLESS_PACKAGES=(xvfb xauth x11-utils xdotool imagemagick)
 
 # Installs whatever of the given packages is missing (apt-get; sudo when not root).
 lumivex_install() {

@@ -1,0 +1,115 @@
+// The desktop program's grid, measured in one process on the offscreen platform:
+//   selection to painted grid: SelFolder1 on a folder of N fixture pictures until the scan has
+//   ended and the first paint of the pane is done;
+//   one paint while scrolling: the pane repainted at scroll positions across the whole range.
+// Usage: lumivex_grid_bench [N] [screenshot.png]   (default 5000; the folder is kept in
+// build/.../bench-grid-N so later runs find it in the page cache).
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <vector>
+
+#include "RealisticCamera.h"
+#include "browser/Prompter.h"
+#include "browser/ThumbnailCanvas.h"
+#include "browser/Window1.h"
+#include "core/Settings.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// Nothing is asked during the measurement; a question would be a fault.
+class NoPrompter : public lumivex::Prompter {
+  public:
+    int Caution(QWidget*, const lumivex::CautionRequest& r, bool) override {
+        std::fprintf(stderr, "unexpected question: %s\n", qPrintable(r.message));
+        return kCancel;
+    }
+    void Message(QWidget*, const QString& text) override {
+        std::fprintf(stderr, "unexpected message: %s\n", qPrintable(text));
+    }
+    std::optional<QString> SaveFile(QWidget*, const QString&, const QString&) override {
+        return std::nullopt;
+    }
+    std::optional<QString> ChooseFolder(QWidget*, const QString&) override { return std::nullopt; }
+};
+
+fs::path MakeCard(int n) {
+    const fs::path dir = fs::current_path() / ("bench-grid-" + std::to_string(n));
+    std::error_code ec;
+    if (fs::is_directory(dir) &&
+        std::distance(fs::directory_iterator(dir), fs::directory_iterator{}) == n)
+        return dir;
+    fs::remove_all(dir, ec);
+    fs::create_directories(dir);
+    for (int i = 0; i < n; ++i) {
+        char name[32];
+        std::snprintf(name, sizeof name, "IMG_%05d.JPG", i);
+        fixtures::WriteRealisticCamera(
+            dir / name, i, 200000, i % 2 ? fixtures::ByteOrder::Big : fixtures::ByteOrder::Little);
+    }
+    return dir;
+}
+
+double Ms(const QElapsedTimer& t) {
+    return static_cast<double>(t.nsecsElapsed()) / 1e6;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM",
+            qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
+    QApplication app(argc, argv);
+    const int n = argc > 1 ? std::max(1, std::atoi(argv[1])) : 5000;
+    const fs::path card = MakeCard(n);
+
+    lumivex::Settings prefs;
+    prefs.InitAll();
+    NoPrompter prompter;
+    lumivex::Window1 w(prefs, prompter);
+    w.InitApp();
+    w.resize(1280, 800);
+    w.show();
+    if (!QTest::qWaitForWindowExposed(&w)) return 1;
+
+    // The folder is read once untimed, so that the timed run finds it in the page cache.
+    QSignalSpy done(&w, &lumivex::Window1::scanFinished);
+    w.SelFolder1(card.string());
+    if (!done.wait(120000)) return 1;
+
+    QElapsedTimer t;
+    t.start();
+    w.SelFolder1(card.string());
+    if (!done.wait(120000)) return 1;
+    w.Canvas()->repaint();
+    const double select = Ms(t);
+
+    QScrollBar* bar = w.ScrollBar();
+    const int steps = 200;
+    std::vector<double> paints;
+    for (int i = 0; i < steps; ++i) {
+        bar->setValue(static_cast<int>(static_cast<long long>(bar->maximum()) * i / steps));
+        t.restart();
+        w.Canvas()->repaint();
+        paints.push_back(Ms(t));
+    }
+    std::sort(paints.begin(), paints.end());
+    std::printf("items %zu of %d files, content %d px high, pane %dx%d\n", w.Items().size(), n,
+                bar->maximum() + w.Canvas()->height(), w.Canvas()->width(), w.Canvas()->height());
+    std::printf("selection to painted grid: %.1f ms (%.0f files/s)\n", select, n / select * 1000);
+    std::printf("one paint while scrolling: median %.3f ms, 95th %.3f ms, max %.3f ms\n",
+                paints[paints.size() / 2], paints[paints.size() * 95 / 100], paints.back());
+    if (argc > 2) {
+        bar->setValue(0);
+        w.grab().save(QString::fromLocal8Bit(argv[2]));
+        std::printf("screenshot: %s\n", argv[2]);
+    }
+    return 0;
+}

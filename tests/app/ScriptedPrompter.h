@@ -1,0 +1,34 @@
+#pragma once
+// A prompter that records every question and answers from a script, for widget tests.
+#include <QStringList>
+#include <deque>
+
+#include "browser/Prompter.h"
+
+namespace lumivex {
+
+class ScriptedPrompter : public Prompter {
+  public:
+    int Caution(QWidget*, const CautionRequest& request, bool) override {
+        asked << request.message;
+        if (answers.empty()) return kCancel;
+        const int a = answers.front();
+        answers.pop_front();
+        return a;
+    }
+    void Message(QWidget*, const QString& text) override { asked << text; }
+    std::optional<QString> SaveFile(QWidget*, const QString& title, const QString&) override {
+        asked << title;
+        return files.empty() ? std::nullopt : std::optional<QString>(files.front());
+    }
+    std::optional<QString> ChooseFolder(QWidget*, const QString& title) override {
+        asked << title;
+        return files.empty() ? std::nullopt : std::optional<QString>(files.front());
+    }
+
+    QStringList asked;        // every message and title, in order
+    std::deque<int> answers;  // results of Caution, in order; cancel when empty
+    QStringList files;        // the answer of the file and folder choosers
+};
+
+}  // namespace lumivex
