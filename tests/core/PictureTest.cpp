@@ -97,6 +97,29 @@ TEST(Picture, TurnsThatComeBackAndTurnsThatDoNothing) {
     EXPECT_TRUE(gRotateImage(Picture(), 1).IsNull());
 }
 
+// The pixels are held by hand, so copies, moves and comparison are the class's own code.
+TEST(Picture, CopiesMovesAndComparison) {
+    const Picture src = Numbered(7, 3);
+    Picture copy = src;
+    EXPECT_EQ(copy, src);
+    copy.SetPixel(6, 2, Color{1, 2, 3});
+    EXPECT_NE(copy, src);  // the last byte counts, and the source was not shared
+    EXPECT_NE(Numbered(3, 7), src);
+    EXPECT_NE(Picture::Make(7, 3), src);
+    EXPECT_EQ(Picture::Make(7, 3), Picture::Make(7, 3));
+
+    Picture moved = std::move(copy);
+    EXPECT_EQ(moved.Pixel(6, 2), (Color{1, 2, 3}));
+    EXPECT_TRUE(copy.IsNull());  // NOLINT(bugprone-use-after-move): a moved-from picture is null
+    EXPECT_EQ(copy.Pixels().size(), 0u);
+    EXPECT_EQ(copy.Row(0), nullptr);
+    copy = moved;
+    EXPECT_EQ(copy, moved);
+    copy = Picture();
+    EXPECT_EQ(copy, Picture());
+    EXPECT_EQ(Picture(2, 1, {1, 2, 3, 4, 5, 6}).Pixel(1, 0), (Color{4, 5, 6}));
+}
+
 TEST(Picture, SizesOutsideTheCapGiveNull) {
     struct Case {
         int w, h;
