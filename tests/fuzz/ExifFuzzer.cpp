@@ -1,6 +1,9 @@
 // Feeds arbitrary bytes to every entry point of the Exif engine, as a file's head would reach
 // it, and checks the bounds the rest of the program relies on. A broken bound aborts, so that
 // libFuzzer keeps the input like any crash.
+#include <sys/mman.h>
+#include <unistd.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -109,6 +112,41 @@ void FuzzEmbeddedThumbnail(exifGPS& x, std::span<const std::uint8_t> bytes) {
     x.Source().Close();
 }
 
+// The same bytes through a file, which is read in stretches (a first read, the head grown
+// once, pages and blocks beyond it): everything must come out as it does from memory. The file
+// is a memory file, so the fuzzer writes nothing to disk.
+void FuzzFileMatchesMemory(std::span<const std::uint8_t> bytes, bool flags) {
+    static const int fd = ::memfd_create("lumivex-fuzz", MFD_CLOEXEC);
+    if (bytes.empty() || fd < 0 || ::ftruncate(fd, 0) != 0) return;
+    for (std::size_t done = 0; done < bytes.size();) {
+        const ssize_t w =
+            ::pwrite(fd, bytes.data() + done, bytes.size() - done, static_cast<off_t>(done));
+        if (w <= 0) return;
+        done += static_cast<std::size_t>(w);
+    }
+    exifGPS file, memory;
+    file.fitem = "/proc/self/fd/" + std::to_string(fd);
+    memory.fbytes = bytes;
+    file.GetExif();
+    memory.GetExif();
+    Require(file.ret == memory.ret, "a file and its bytes in memory load differently");
+    if (file.ret) {
+        std::string f[6], m[6];
+        file.GetInfo(f[0], f[1], f[2], f[3], f[4], f[5]);
+        memory.GetInfo(m[0], m[1], m[2], m[3], m[4], m[5]);
+        for (int k = 0; k < 6; ++k)
+            Require(f[k] == m[k], "a file and its bytes in memory give different reports");
+    }
+    for (exifGPS* x : {&file, &memory}) {
+        x->Orientation = flags;
+        x->NoThumb = flags;
+        x->GetThumbNail();
+    }
+    Require(file.ret == memory.ret && file.Rotate == memory.Rotate &&
+                file.Thumbnail == memory.Thumbnail,
+            "a file and its bytes in memory give different thumbnails");
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -121,5 +159,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     FuzzGetThumbNail(x, bytes, flags);
     FuzzSaveThumbNail(x, bytes);
     FuzzEmbeddedThumbnail(x, bytes);
+    FuzzFileMatchesMemory(bytes, flags);
     return 0;
 }
