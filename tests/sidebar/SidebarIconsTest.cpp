@@ -1,0 +1,44 @@
+// Row pictures: which icon a row gets, that the program's own drawings are linked in, and
+// that an alias wears its badge.
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QImage>
+
+#include "sidebar/SidebarIcons.h"
+
+namespace lumivex {
+namespace {
+
+using Kind = SidebarIcons::Kind;
+
+TEST(SidebarIconsTest, KindFollowsPathThenVofo) {
+    const struct {
+        const char* vofo;
+        const char* path;
+        Kind kind;
+    } cases[] = {
+        {"volume", "/", Kind::InternalDrive},
+        {"folder", "/", Kind::InternalDrive},
+        {"volume", "/media/a", Kind::ExternalDrive},
+        {"folder", "/home/a", Kind::Folder},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(SidebarIcons::KindOf(c.vofo, c.path), c.kind) << c.vofo << " " << c.path;
+}
+
+TEST(SidebarIconsTest, FallbacksAreBuiltInAndAnAliasIsBadged) {
+    for (Kind kind : {Kind::InternalDrive, Kind::ExternalDrive, Kind::Folder}) {
+        SidebarIcons::Icon(kind);  // registers the resources
+        EXPECT_TRUE(QFile::exists(":/icons/" + SidebarIcons::ThemeName(kind) + ".svg"));
+        const QImage plain = SidebarIcons::RowPixmap(kind, false, 16, 1.0).toImage();
+        const QImage badged = SidebarIcons::RowPixmap(kind, true, 16, 1.0).toImage();
+        ASSERT_FALSE(plain.isNull());
+        EXPECT_EQ(badged.size(), plain.size());
+        EXPECT_NE(badged, plain);
+    }
+    EXPECT_TRUE(QFile::exists(":/icons/alias-badge.svg"));
+}
+
+}  // namespace
+}  // namespace lumivex
