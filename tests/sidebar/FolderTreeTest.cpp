@@ -172,6 +172,21 @@ TEST_F(FolderTreeTest, ChildrenLoadOnceAndAreNotRefreshed) {
     EXPECT_EQ(Names(tree.GetChild(*tree.DataArray()[3])), (std::vector<std::string>{"new", "x"}));
 }
 
+TEST_F(FolderTreeTest, LinkLoopsNeitherHangNorShow) {
+    desk_.Link(desk_.Path("selfloop"), "selfloop");
+    desk_.Link(desk_.Path(), "b/x/up");  // a way back to the Desktop, three levels down
+    FolderTree tree = Tree();
+    tree.MakeTable({});
+    EXPECT_EQ(Names(tree.DataArray(), 1),
+              (std::vector<std::string>{"A", "a2", "b", "Target", "notes.jpg", "trash"}));
+    RowRecord& x = *tree.GetChild(*tree.DataArray()[3])[0];
+    ASSERT_EQ(tree.GetChild(x).size(), 1u);
+    RowRecord& up = *tree.GetChild(x)[0];
+    EXPECT_EQ(up.alias, "true");
+    EXPECT_EQ(up.path, fs::canonical(desk_.Path()).string());
+    EXPECT_EQ(Names(tree.GetChild(up)), Names(tree.DataArray(), 1));
+}
+
 TEST_F(FolderTreeTest, WithoutADesktopThereAreNoFolderRows) {
     FolderTreeOptions o;
     FolderTree tree(o);
