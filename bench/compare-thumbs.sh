@@ -38,9 +38,9 @@ best_of_3_fresh() {
     "$@" "$OUT" >/dev/null 2>&1 || true
     for _ in 1 2 3; do
         fresh_out
-        t0=$(date +%s.%N)
+        t0=$EPOCHREALTIME
         "$@" "$OUT" >/dev/null 2>&1 || true
-        t1=$(date +%s.%N)
+        t1=$EPOCHREALTIME
         t=$(echo "$t1 - $t0" | bc -l)
         if [ -z "$best" ] || [ "$(echo "$t < $best" | bc -l)" = 1 ]; then best=$t; fi
     done
