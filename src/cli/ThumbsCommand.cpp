@@ -1,5 +1,8 @@
 #include "cli/ThumbsCommand.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <chrono>
 #include <thread>
 
@@ -80,6 +83,12 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
         x.ReadAllTags = false;
     std::size_t written = 0, skipped = 0;
     bool failed = false;
+    // The target folder is opened once and every file is created in it by name.
+    const int outFd = ::open(o.out.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (outFd < 0) {
+        std::fprintf(err, "lumivex: %s: 書き出し先のフォルダを作れません。\n", o.out.c_str());
+        return 1;
+    }
     ProgressLine progress(err, "書き出し中...", names.size());
     OrderedParallel<Result>::Run(
         names.size(), threads,
@@ -99,7 +108,7 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
                 r.why = SkipReasonText(loaded ? SkipReason::NoThumbnail : SkipReason::NoExif);
                 return;
             }
-            switch (OutputFile::CreateNew(o.out / block->suggestedName, block->bytes)) {
+            switch (OutputFile::CreateNewIn(outFd, block->suggestedName.c_str(), block->bytes)) {
                 case OutputFile::Result::Written:
                     r.written = true;
                     break;
@@ -125,6 +134,7 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
             progress.Update(i + 1);
         });
     progress.Finish();
+    ::close(outFd);
     Summary(out, names.size(), written, skipped, start);
     return failed ? 1 : 0;
 }

@@ -55,24 +55,30 @@ OutputFile::Result OutputFile::Replace(const std::filesystem::path& file,
 
 OutputFile::Result OutputFile::CreateNew(const std::filesystem::path& file,
                                          std::span<const std::uint8_t> bytes) {
+    return CreateNewIn(AT_FDCWD, file.c_str(), bytes);
+}
+
+OutputFile::Result OutputFile::CreateNewIn(int folderFd, const char* name,
+                                           std::span<const std::uint8_t> bytes) {
     // O_EXCL refuses any existing name, links included, in the same step that creates it, so
     // nothing is checked first and nothing can slip in between. No temporary file and rename:
     // for a batch of small thumbnails those doubled the cost of each one.
-    const int fd = ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0644);
+    const int fd =
+        ::openat(folderFd, name, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0644);
     if (fd < 0) return errno == EEXIST ? Result::Exists : Result::Failed;
     if (WriteAll(fd, bytes)) {
         if (::close(fd) == 0) return Result::Written;
         // The data may be lost (a network file system reports that only here); the name is
         // this call's own file, created a moment ago.
-        ::unlink(file.c_str());
+        ::unlinkat(folderFd, name, 0);
         return Result::Failed;
     }
     // Removes the half file, provided the name still is the file this call created.
     struct stat mine {};
     struct stat named {};
-    if (::fstat(fd, &mine) == 0 && ::lstat(file.c_str(), &named) == 0 &&
+    if (::fstat(fd, &mine) == 0 && ::fstatat(folderFd, name, &named, AT_SYMLINK_NOFOLLOW) == 0 &&
         mine.st_dev == named.st_dev && mine.st_ino == named.st_ino)
-        ::unlink(file.c_str());
+        ::unlinkat(folderFd, name, 0);
     ::close(fd);
     return Result::Failed;
 }

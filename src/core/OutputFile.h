@@ -19,6 +19,9 @@ class OutputFile {
     // Gives `file` the bytes only when no entry of that name exists, not even a dangling link;
     // an existing one is left alone and reported as Exists.
     static Result CreateNew(const std::filesystem::path& file, std::span<const std::uint8_t> bytes);
+    // The same for `name` in the open folder `folderFd`: a batch into one folder then spares
+    // the kernel the walk along the folder's path for every file.
+    static Result CreateNewIn(int folderFd, const char* name, std::span<const std::uint8_t> bytes);
 
   private:
     // Writes the bytes to a new temporary file beside `file`; its path, or empty on failure.

@@ -1,5 +1,6 @@
 #include "core/OutputFile.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -78,6 +79,15 @@ TEST(OutputFile, CreateNewWritesOnlyUnusedNames) {
               OutputFile::Result::Failed);
     EXPECT_EQ(OutputFile::CreateNew(dir.path() / "empty.jpg", {}), OutputFile::Result::Written);
     EXPECT_EQ(fs::file_size(dir.path() / "empty.jpg"), 0u);
+
+    // By name in an open folder: the same rules, relative to that folder.
+    const int folder = ::open(dir.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    ASSERT_GE(folder, 0);
+    EXPECT_EQ(OutputFile::CreateNewIn(folder, "in.jpg", Bytes("in")), OutputFile::Result::Written);
+    EXPECT_EQ(OutputFile::CreateNewIn(folder, "in.jpg", Bytes("again")),
+              OutputFile::Result::Exists);
+    ::close(folder);
+    EXPECT_EQ(ReadText(dir.path() / "in.jpg"), "in");
 }
 
 // A write that stops part-way (here the file size limit, standing in for a full disk) must not
