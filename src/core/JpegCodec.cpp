@@ -59,18 +59,24 @@ Picture DecodeWith(ThreadHandle& codec, const unsigned char* data, unsigned long
     if (handle == nullptr) return {};
     // The size stays 0 unless the header was read to its end.
     int width = 0, height = 0, subsamp = 0, colorspace = 0;
-    const int rc = tjDecompressHeader3(handle, data, size, &width, &height, &subsamp, &colorspace);
-    if (Failed(codec, rc)) return {};
-    // Refuses sizes beyond the cap. The decoder writes every row when it succeeds, and also
-    // after a mere warning (data cut short is filled in), so the buffer is not zeroed first;
-    // any other outcome drops the picture.
+    const int header =
+        tjDecompressHeader3(handle, data, size, &width, &height, &subsamp, &colorspace);
+    if (Failed(codec, header)) return {};
+    // Refuses sizes beyond the cap. A clean decode writes every pixel, so its buffer is not
+    // zeroed first; a damaged stream can leave pixels unwritten even when the library calls it
+    // a mere warning, and then the stream is decoded again into zeros, so that no stale memory
+    // ever shows in a thumbnail. Anything worse drops the picture.
     Picture pic = Picture::MakeUninitialized(width, height);
     if (pic.IsNull()) return {};
     handle = codec.Get();
-    if (Failed(codec, tjDecompress2(handle, data, size, pic.Row(0), width, width * 3, height,
-                                    TJPF_RGB, 0))) {
-        return {};
-    }
+    int rc = tjDecompress2(handle, data, size, pic.Row(0), width, width * 3, height, TJPF_RGB, 0);
+    if (rc == 0) return pic;
+    if (Failed(codec, rc)) return {};
+    pic = Picture::Make(width, height);
+    handle = codec.Get();
+    if (pic.IsNull() || handle == nullptr) return {};
+    rc = tjDecompress2(handle, data, size, pic.Row(0), width, width * 3, height, TJPF_RGB, 0);
+    if (Failed(codec, rc)) return {};
     return pic;
 }
 

@@ -215,5 +215,48 @@ TEST(FuzzRegression, CraftedAndFoundInputs) {
     }
 }
 
+// Found by the fuzzer, comparing a file with its bytes in memory: this damaged thumbnail
+// (5920 x 1, a broken Huffman table, cut short) decodes with a mere warning yet leaves pixels
+// unwritten, so a buffer that was not zeroed showed whatever memory held before. Whatever the
+// heap held, the picture must come out the same.
+TEST(FuzzRegression, DamagedThumbnailShowsNoStaleMemory) {
+    // clang-format off
+    const char* const kStream =
+        "ffd8ffe000104a46494600010100000100010000ffdb0043000503040404030504040405050506070c080707"
+        "07070f0b0b090c110f1212110f111113161c1713141a1511111821181a1d1d1f1f1f13172224221e241c1e1f"
+        "1effdb0043010505050706070e08080e1e1411141e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e"
+        "1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1e1effc000110800011720030122000211010311"
+        "01ffc4001f0000010501010101010100000000000000000102030405ffd8ffe1060708090a0bffc400b51000"
+        "02010303020403050504040000017d01020300041105122131410613516107227114328191a1082342b1c115"
+        "52d1f0243362728287090a161718191a25262728292a3435363738393a434445464748494a53545556575825"
+        "f11718191a262728292a35363738393a43444546c4c4c4c4c4c4c4c4c4c4c4c4c4c4c4c4c4c4c4c4c4c4c4c4"
+        "c4c4c4c4c4c4c4c4c4c4c4c4c4c4c4c44748494a535455565758595a636465666768696a737475767778797a"
+        "82838485868788898a92939495969798999aa2a3a4a5a6a7a8a9aab2b3b4b5b6b7b8b9bac2c3c4c5c6c7c8c9"
+        "cad2d3d4d5d6d7d8d9dae2e3e4e5e6e7e8e9eaf2f3f4f5f6f7f8f9faffda000c03010002110311003f00f3da"
+        "2b1ffb73fe9d7ff227ff005a8fedcffa75ff00c89ffd6acffd42cfff00e81fff002687ff00247ed5febd643f"
+        "f3ff00ff00259fff00227afd15ea7ff0a87fea61ff00c92ffece8ff8543ff530feffffffff00675f0dfd8b8d"
+        "fe4fc57f99fc7ffead667ff3ebf18ff99f1a514515fd907dc1fa3d451457f3a1ef1fffd9";
+    // clang-format on
+    Bytes jpeg;
+    for (const char* p = kStream; p[0] != '\0' && p[1] != '\0'; p += 2)
+        jpeg.push_back(static_cast<std::uint8_t>(std::stoi(std::string(p, 2), nullptr, 16)));
+    ExifJpegBuilder b = Small(fixtures::ByteOrder::Big);
+    b.Ifd0().Short(0x0112, {3});
+    const Bytes bytes = b.JpegThumbnailBytes(jpeg).Build();
+
+    std::optional<Picture> first;
+    for (const std::uint8_t junk : {0xAA, 0x55, 0x00}) {
+        // Freed memory of the thumbnail's size, filled with junk, for the decoder to be given.
+        { Bytes stale(5920 * 3, junk); }
+        exifGPS x;
+        x.fbytes = bytes;
+        x.GetThumbNail();
+        ASSERT_TRUE(x.ret);
+        ASSERT_EQ(x.Thumbnail.Width(), 5920);
+        if (!first) first = x.Thumbnail;
+        EXPECT_EQ(x.Thumbnail, *first) << "junk " << int{junk};
+    }
+}
+
 }  // namespace
 }  // namespace lumivex::test
