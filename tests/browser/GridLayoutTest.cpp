@@ -48,7 +48,11 @@ INSTANTIATE_TEST_SUITE_P(
                  {{5, 5}, {110, 5}, {215, 5}, {5, 145}},
                  175},
         FlowCase{214, {{100, 75}, {100, 60}, {100, 75}}, {{5, 5}, {5, 100}, {5, 180}}, 275},
-        FlowCase{320, {}, {}, 25}));
+        FlowCase{320, {}, {}, 25}),
+    // Names from the case's content, so that a test's name is the same in every run.
+    [](const ::testing::TestParamInfo<FlowCase>& flow) {
+        return "case" + std::to_string(flow.index) + "_pane" + std::to_string(flow.param.pane);
+    });
 
 TEST(GridLayoutTest, ScrollRangeAndDivider) {
     std::vector<ItemRecord> items(1);
