@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "ScratchDir.h"
 #include "core/PrefFile.h"
 #include "core/Settings.h"
 
@@ -19,8 +20,6 @@ namespace fs = std::filesystem;
 class ProgramTest : public ::testing::Test {
   protected:
     void SetUp() override {
-        home_ = fs::temp_directory_path() / ("lumivex-program-" + std::to_string(::getpid()));
-        fs::remove_all(home_);
         fs::create_directories(home_ / "Desktop");
         env_ = QProcessEnvironment::systemEnvironment();
         env_.insert("HOME", QString::fromStdString(home_.string()));
@@ -28,11 +27,11 @@ class ProgramTest : public ::testing::Test {
         env_.insert("QT_QPA_PLATFORM", "offscreen");
         env_.insert("TMPDIR", QString::fromStdString(home_.string()));
     }
-    void TearDown() override { fs::remove_all(home_); }
 
     fs::path Settings() const { return home_ / ".config" / "Lumivex初期設定" / "pref"; }
 
-    fs::path home_;
+    fixtures::ScratchDir scratch_;
+    fs::path home_ = scratch_.path();
     QProcessEnvironment env_;
 };
 

@@ -10,6 +10,7 @@
 #include <filesystem>
 
 #include "ExifJpegBuilder.h"
+#include "ScratchDir.h"
 #include "ScriptedPrompter.h"
 #include "app/App.h"
 #include "browser/ThumbnailCanvas.h"
@@ -24,8 +25,6 @@ namespace fs = std::filesystem;
 class SidebarScanTest : public ::testing::Test {
   protected:
     void SetUp() override {
-        root_ = fs::temp_directory_path() / ("lumivex-sidebar-scan-" + std::to_string(::getpid()));
-        fs::remove_all(root_);
         desktop_ = root_ / "home" / "Desktop";
         fs::create_directories(desktop_ / "Card");
         fs::create_directories(desktop_ / "tmp");  // never a row
@@ -41,10 +40,7 @@ class SidebarScanTest : public ::testing::Test {
         w_ = app_->MakeWindow();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(w_));
     }
-    void TearDown() override {
-        app_.reset();
-        fs::remove_all(root_);
-    }
+    void TearDown() override { app_.reset(); }
     int RowOf(const fs::path& path) const {
         NSOutlineView* o = w_->Outline();
         for (int r = 0; r < o->VisibleRowCount(); ++r)
@@ -52,7 +48,9 @@ class SidebarScanTest : public ::testing::Test {
         return -1;
     }
 
-    fs::path root_, desktop_;
+    fixtures::ScratchDir scratch_;
+    fs::path root_ = scratch_.path();
+    fs::path desktop_;
     ScriptedPrompter prompter_;
     std::unique_ptr<App> app_;
     Window1* w_ = nullptr;

@@ -13,6 +13,7 @@
 #include <fstream>
 
 #include "ExifJpegBuilder.h"
+#include "ScratchDir.h"
 #include "ScriptedPrompter.h"
 #include "app/App.h"
 #include "browser/ScanProgressStrip.h"
@@ -41,8 +42,6 @@ void WriteBytes(const fs::path& file, const std::vector<std::uint8_t>& bytes) {
 class Window1Test : public ::testing::Test {
   protected:
     void SetUp() override {
-        root_ = fs::temp_directory_path() / ("lumivex-window-" + std::to_string(::getpid()));
-        fs::remove_all(root_);
         fs::create_directories(root_ / "home" / "Desktop");
         fs::create_directories(root_ / "settings");
         // The sidebar lists the Desktop of this home, not the tester's.
@@ -50,10 +49,7 @@ class Window1Test : public ::testing::Test {
         ::setenv("XDG_CONFIG_HOME", (root_ / "home" / ".config").c_str(), 1);
         app_ = std::make_unique<App>(prompter_, root_ / "settings");
     }
-    void TearDown() override {
-        app_.reset();
-        fs::remove_all(root_);
-    }
+    void TearDown() override { app_.reset(); }
 
     Window1* Start() {
         app_->InitApp();
@@ -89,7 +85,8 @@ class Window1Test : public ::testing::Test {
         ASSERT_EQ(w->Canvas()->width(), width);
     }
 
-    fs::path root_;
+    fixtures::ScratchDir scratch_;
+    fs::path root_ = scratch_.path();
     ScriptedPrompter prompter_;
     std::unique_ptr<App> app_;
 };

@@ -12,23 +12,14 @@
 
 #include "core/FolderItemEx.h"
 
+#include "ScratchDir.h"
+
 namespace fs = std::filesystem;
 
 namespace lumivex {
 namespace {
 
-class ScratchDir {
-  public:
-    ScratchDir() {
-        std::string pattern = (fs::temp_directory_path() / "lvx-files-XXXXXX").string();
-        path_ = mkdtemp(pattern.data());
-    }
-    ~ScratchDir() { fs::remove_all(path_); }
-    const fs::path& path() const { return path_; }
-
-  private:
-    fs::path path_;
-};
+using fixtures::ScratchDir;
 
 void Touch(const fs::path& file, const std::string& text = "x") {
     fs::create_directories(file.parent_path());

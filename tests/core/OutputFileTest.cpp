@@ -13,23 +13,14 @@
 #include <string>
 #include <vector>
 
+#include "ScratchDir.h"
+
 namespace fs = std::filesystem;
 
 namespace lumivex {
 namespace {
 
-class ScratchDir {
-  public:
-    ScratchDir() {
-        std::string pattern = (fs::temp_directory_path() / "lvx-out-XXXXXX").string();
-        path_ = mkdtemp(pattern.data());
-    }
-    ~ScratchDir() { fs::remove_all(path_); }
-    const fs::path& path() const { return path_; }
-
-  private:
-    fs::path path_;
-};
+using fixtures::ScratchDir;
 
 std::string ReadText(const fs::path& p) {
     std::ifstream f(p, std::ios::binary);

@@ -14,6 +14,8 @@
 #include <limits>
 #include <tuple>
 
+#include "ScratchDir.h"
+
 namespace fs = std::filesystem;
 
 namespace lumivex {
@@ -21,18 +23,7 @@ namespace {
 
 constexpr std::int64_t kHighlight = 0x123456;
 
-class ScratchDir {
-  public:
-    ScratchDir() {
-        std::string pattern = (fs::temp_directory_path() / "lvx-pref-XXXXXX").string();
-        path_ = mkdtemp(pattern.data());
-    }
-    ~ScratchDir() { fs::remove_all(path_); }
-    const fs::path& path() const { return path_; }
-
-  private:
-    fs::path path_;
-};
+using fixtures::ScratchDir;
 
 std::string Pascal(std::string_view s) {
     return static_cast<char>(s.size()) + std::string(s);
