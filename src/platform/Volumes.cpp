@@ -31,13 +31,17 @@ bool IsUserVolume(const MountEntry& entry, std::string_view user) {
     return Below(point, "/mnt/") && entry.source.starts_with("/dev/");
 }
 
+bool Shows(const MountEntry& entry, int mode, std::string_view user) {
+    return mode == kShowAll || IsUserVolume(entry, user);
+}
+
 std::vector<std::string> ShownMountPoints(const MountTable& table, int mode,
                                           std::string_view user) {
     std::vector<std::string> points;
     // The start-up disk is always there, even when the table could not be read.
     if (mode != kShowAll) points.emplace_back("/");
     for (const MountEntry& e : table.Entries())
-        if (mode == kShowAll || IsUserVolume(e, user)) points.push_back(e.mountPoint);
+        if (Shows(e, mode, user)) points.push_back(e.mountPoint);
     std::sort(points.begin(), points.end());
     points.erase(std::unique(points.begin(), points.end()), points.end());
     return points;

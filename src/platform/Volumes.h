@@ -22,6 +22,10 @@ inline constexpr int kShowAll = 2;
 // /run/media/<user>/ whatever its file system, and block devices mounted under /mnt/.
 bool IsUserVolume(const MountEntry& entry, std::string_view user);
 
+// Whether a mount event concerns a row the mode lists: the kernel reports every mount,
+// including the many a user never sees as a disk.
+bool Shows(const MountEntry& entry, int mode, std::string_view user);
+
 // The mount points a mode lists, sorted ascending without repeats. Modes 0 and 1 list "/" and
 // the user's volumes; mode 2 lists every mount point. A pure function of its arguments.
 std::vector<std::string> ShownMountPoints(const MountTable& table, int mode, std::string_view user);

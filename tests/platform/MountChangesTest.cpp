@@ -1,0 +1,153 @@
+// Mount changes: the diff of two tables, and the monitor that keeps the last one.
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/mount.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "ScratchDir.h"
+#include "platform/MountChanges.h"
+#include "platform/MountMonitor.h"
+
+namespace lumivex {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::vector<std::string> Points(const std::vector<MountEntry>& entries) {
+    std::vector<std::string> points;
+    for (const MountEntry& e : entries)
+        points.push_back(e.mountPoint);
+    return points;
+}
+
+using Strings = std::vector<std::string>;
+
+const char* const kRoot = "20 1 8:2 / / rw - ext4 /dev/sda2 rw\n";
+
+TEST(MountChangesTest, ReportsEveryMountAndUnmountByTopEntry) {
+    const MountTable before =
+        MountTable::Parse(std::string(kRoot) +
+                          "30 20 8:17 / /media/ann/EOS\\040DIGITAL rw - vfat /dev/sdb1 rw\n"
+                          "31 20 8:33 / /media/ann/B rw - vfat /dev/sdc1 rw\n"
+                          "32 20 8:49 / /media/ann/Swap rw - vfat /dev/sdd1 rw\n"
+                          "33 20 8:65 / /media/ann/Opts rw,nosuid - exfat /dev/sde1 rw\n"
+                          "34 20 8:81 / /mnt/over rw - ext4 /dev/sdf1 rw\n");
+    const MountTable after = MountTable::Parse(
+        std::string(kRoot) +
+        "31 20 8:33 / /media/ann/B rw - vfat /dev/sdc1 rw\n"
+        "40 20 8:97 / /media/ann/Swap rw - vfat /dev/sdg1 rw\n"          // another card, same path
+        "33 20 8:65 / /media/ann/Opts ro,noexec - exfat /dev/sde1 ro\n"  // remounted
+        "34 20 8:81 / /mnt/over rw - ext4 /dev/sdf1 rw\n"
+        "41 34 0:50 / /mnt/over rw - tmpfs tmpfs rw\n"  // mounted on top
+        "42 20 8:113 / /media/ann/Z\\040card rw - vfat /dev/sdh1 rw\n"
+        "43 20 8:129 / /media/ann/A rw - vfat /dev/sdi1 rw\n");
+
+    const MountChanges c = MountChanges::Between(before, after);
+    EXPECT_EQ(Points(c.unmounted),
+              (Strings{"/media/ann/EOS DIGITAL", "/media/ann/Swap", "/mnt/over"}));
+    EXPECT_EQ(Points(c.mounted),
+              (Strings{"/media/ann/A", "/media/ann/Swap", "/media/ann/Z card", "/mnt/over"}));
+    ASSERT_EQ(c.unmounted.size(), 3u);
+    ASSERT_EQ(c.mounted.size(), 4u);
+    // The entries themselves, not just their paths: old on one side, new on the other.
+    EXPECT_EQ(c.unmounted[1].source, "/dev/sdd1");
+    EXPECT_EQ(c.mounted[1].source, "/dev/sdg1");
+    EXPECT_EQ(c.unmounted[2].mountId, 34);
+    EXPECT_EQ(c.mounted[3].mountId, 41);
+    EXPECT_FALSE(c.Empty());
+
+    // The reverse direction: the over-mount going away uncovers the entry below it.
+    const MountChanges back = MountChanges::Between(after, before);
+    EXPECT_EQ(Points(back.mounted),
+              (Strings{"/media/ann/EOS DIGITAL", "/media/ann/Swap", "/mnt/over"}));
+    EXPECT_TRUE(MountChanges::Between(after, after).Empty());
+    EXPECT_TRUE(MountChanges::Between(MountTable(), MountTable()).Empty());
+}
+
+void Write(const fs::path& file, const std::string& text) {
+    std::ofstream(file, std::ios::binary | std::ios::trunc) << text;
+}
+
+TEST(MountChangesTest, MonitorReportsAChangeOnceAndIgnoresFailedReads) {
+    fixtures::ScratchDir dir("lvx-monitor");
+    ASSERT_FALSE(dir.path().empty());
+    const fs::path file = dir.path() / "mountinfo";
+    Write(file, std::string(kRoot) + "30 20 8:17 / /media/ann/A rw - vfat /dev/sdb1 rw\n");
+
+    MountMonitor monitor(file);
+    EXPECT_GE(monitor.Fd(), 0);
+    EXPECT_EQ(monitor.Last().Entries().size(), 2u);
+    EXPECT_TRUE(monitor.Check().Empty());
+
+    Write(file, std::string(kRoot) + "31 20 8:33 / /media/ann/B rw - vfat /dev/sdc1 rw\n");
+    const MountChanges c = monitor.Check();
+    EXPECT_EQ(Points(c.unmounted), (Strings{"/media/ann/A"}));
+    EXPECT_EQ(Points(c.mounted), (Strings{"/media/ann/B"}));
+    EXPECT_TRUE(monitor.Check().Empty());
+
+    const MountTable kept = monitor.Last();
+    Write(file, "");
+    EXPECT_TRUE(monitor.Check().Empty());
+    fs::remove(file);
+    EXPECT_TRUE(monitor.Check().Empty());
+    EXPECT_EQ(monitor.Last(), kept);
+    // Back with the card gone: compared with the last good table, not with the failed reads.
+    Write(file, kRoot);
+    EXPECT_EQ(Points(monitor.Check().unmounted), (Strings{"/media/ann/B"}));
+
+    EXPECT_EQ(MountMonitor(dir.path() / "missing").Fd(), -1);
+}
+
+// Unmounts on the way out, so that a failed assertion leaves no mount behind.
+struct TmpfsMount {
+    fs::path point;
+    bool mounted = false;
+    bool Mount() { return mounted = ::mount("lvx", point.c_str(), "tmpfs", 0, nullptr) == 0; }
+    bool Unmount() {
+        if (mounted && ::umount2(point.c_str(), MNT_DETACH) == 0) mounted = false;
+        return !mounted;
+    }
+    ~TmpfsMount() { Unmount(); }
+};
+
+bool TableChanged(int fd) {
+    pollfd p{fd, POLLPRI, 0};
+    return ::poll(&p, 1, 5000) == 1 && (p.revents & POLLPRI) != 0;
+}
+
+TEST(MountChangesTest, MonitorSeesARealMountAndUnmount) {
+    if (::geteuid() != 0) GTEST_SKIP() << "mounting needs root";
+    fixtures::ScratchDir dir("lvx-mount");
+    ASSERT_FALSE(dir.path().empty());
+    // The scratch folder may sit on a path with symlinks; the table lists the real path.
+    TmpfsMount tmpfs{fs::canonical(dir.path())};
+    MountMonitor monitor;
+    ASSERT_GE(monitor.Fd(), 0);
+    // A test running beside this one may mount too: only this point must be reported.
+    auto onlyOurs = [&](const std::vector<MountEntry>& entries) {
+        Strings ours;
+        for (const std::string& p : Points(entries))
+            if (p == tmpfs.point.string()) ours.push_back(p);
+        return ours;
+    };
+
+    if (!tmpfs.Mount()) GTEST_SKIP() << "mount(2) not permitted here";
+    ASSERT_TRUE(TableChanged(monitor.Fd()));
+    MountChanges c = monitor.Check();
+    EXPECT_EQ(onlyOurs(c.mounted), Strings{tmpfs.point.string()});
+    EXPECT_TRUE(onlyOurs(c.unmounted).empty());
+
+    ASSERT_TRUE(tmpfs.Unmount());
+    ASSERT_TRUE(TableChanged(monitor.Fd()));
+    c = monitor.Check();
+    EXPECT_EQ(onlyOurs(c.unmounted), Strings{tmpfs.point.string()});
+    EXPECT_TRUE(onlyOurs(c.mounted).empty());
+}
+
+}  // namespace
+}  // namespace lumivex
