@@ -1,6 +1,7 @@
 #include "browser/Window1.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QMenu>
 #include <QScrollBar>
@@ -8,11 +9,15 @@
 #include <QToolTip>
 #include <algorithm>
 #include <system_error>
+#include <utility>
 
 #include "browser/ContextMenuItems.h"
+#include "browser/Prompter.h"
 #include "browser/ScanProgressStrip.h"
 #include "browser/ThumbnailCanvas.h"
 #include "core/Settings.h"
+#include "platform/DiskEjector.h"
+#include "platform/MountTable.h"
 #include "scan/ScanOptions.h"
 #include "sidebar/NSOutlineView.h"
 
@@ -22,6 +27,8 @@ namespace {
 constexpr int kScrollBarWidth = 15;
 // How long a close waits for a scan to stop before the process ends regardless.
 constexpr std::chrono::milliseconds kCloseWait{2000};
+// How long the quit waits for the eject of the camera (a busy disk can make it stall).
+constexpr std::chrono::milliseconds kEjectWait{20000};
 
 bool IsFolder(const std::string& path) {
     std::error_code ec;
@@ -50,6 +57,7 @@ void Window1::InitApp() {
     InitScrollbar();
     InitOffScreen(false);
     Timer1.start();
+    pOutline->AutoSelect();
 }
 
 void Window1::InitSplitView() {
@@ -172,6 +180,10 @@ void Window1::Timer2_Action() {
     strip_->HideJob();
     Timer2.stop();
     worker_.Finish(kCloseWait);
+    if (!pendingFolder_.empty()) {
+        SelFolder1(std::exchange(pendingFolder_, {}));
+        return;
+    }
     if (pThread1_Mode == 1) SelFolder1post();
 }
 
@@ -208,10 +220,21 @@ void Window1::PushButton1_Action() {
 
 void Window1::OutlineDidSelRow(int row, const QString& path) {
     ItemUnselect();
-    if (row < 0)
+    if (row < 0) {
+        pendingFolder_.clear();
         SelFolderClr();
-    else
-        SelFolder1(path.toStdString());
+        return;
+    }
+    // A card that was just put in wins over the folder being read: that scan gives way, and
+    // the card's folder is read when it has stopped. Other selections during a scan are
+    // dropped, unless a scan is already giving way; then the newest one is read.
+    if (worker_.Running() && pThread1_Mode == 1 &&
+        (pOutline->AutoSelecting() || !pendingFolder_.empty())) {
+        pendingFolder_ = path.toStdString();
+        SelFolderClr();
+        return;
+    }
+    SelFolder1(path.toStdString());
 }
 
 // ---- layout and scrolling --------------------------------------------------------------
@@ -374,7 +397,27 @@ void Window1::Event_CancelClose() {
         worker_.Stop();
         worker_.Finish(kCloseWait);
     }
+    UnmountCam();
     emit closing();
+}
+
+void Window1::UnmountCam() {
+    const std::string volume = pOutline != nullptr ? pOutline->gFI : std::string();
+    // Still there means still mounted: an emptied mount point may stay behind as a folder.
+    // The start-up disk is never ejected.
+    if (prefs_.gPref[31] == 0 || volume.empty() || volume == "/") return;
+    if (MountTable::Read().Find(volume) == nullptr) return;
+    pOutline->RemoveObserver();  // our own eject is not news to the sidebar
+    std::filesystem::path script = ejectScript_;
+    if (script.empty())
+        script = DiskEjector::ScriptPath(QCoreApplication::applicationDirPath().toStdString());
+    std::error_code ec;
+    if (!std::filesystem::is_regular_file(script, ec)) {
+        prompter_.Message(this, QStringLiteral("file not found."));
+        return;
+    }
+    const int code = DiskEjector::Run(DiskEjector::Command(script, volume), kEjectWait);
+    if (code != 0) prompter_.Message(this, QStringLiteral("error code: %1").arg(code));
 }
 
 }  // namespace lumivex

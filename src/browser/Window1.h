@@ -57,8 +57,14 @@ class Window1 : public QMainWindow {
     void SetBtnStat(int state);
     void SetBtnStatAll(bool enable);
 
-    // Event_CancelClose: the frame into the settings, the worker stopped, then `closing`.
+    // Event_CancelClose: the frame into the settings, the worker stopped, the camera ejected
+    // when the settings ask for it, then `closing`.
     void Event_CancelClose();
+    // Ejects the volume on which camera media was found at start or on a mount, when the
+    // settings ask for it and it is still mounted. A failure is reported and the quit goes on.
+    void UnmountCam();
+    // The eject script; by default beside the executable's folder, in share/lumivex-plus.
+    void SetEjectScript(const std::filesystem::path& script) { ejectScript_ = script; }
 
     // The contextual menu for the present selection; its actions come with the commands.
     QMenu* BuildContextMenu(QWidget* parent);
@@ -123,6 +129,8 @@ class Window1 : public QMainWindow {
     int pThread1_Mode = 0;
     int pThread1_Width = 0;
     bool dropRestOfScan_ = false;  // the grid was emptied while the worker ran
+    std::string pendingFolder_;    // a camera folder to read once the stopped scan has ended
+    std::filesystem::path ejectScript_;
 
     int pBkClr = 0;
     int pSeClr = 0;

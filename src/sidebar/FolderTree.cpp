@@ -94,25 +94,28 @@ std::string FolderTree::DisplayName(std::string_view vofo, const std::string& pa
 
 void FolderTree::MakeList(Rows& array, const fs::path& folder, RowRecord* parent) {
     for (const std::string& name : SortFItem(folder)) {
-        const fs::path entry = folder / name;
-        std::error_code ec;
-        if (!fs::exists(entry, ec)) continue;
-        if (gDottedFI(name)) continue;
-        if (!IsDirectory(entry)) continue;
-        if (IsPackageName(name)) continue;
-        if (!MakeListDisp(name)) continue;
-        AddFolderRow(array, entry, parent);
+        std::string path;
+        if (!ShownFolderPath(folder, name, path)) continue;
+        const bool alias = path != (folder / name).string();
+        AddRowDictionary(array, "item", "folder", path, HasExifFile(path), -1, alias, parent);
     }
 }
 
-void FolderTree::AddFolderRow(Rows& array, const fs::path& entry, RowRecord* parent) {
+bool FolderTree::ShownFolderPath(const fs::path& folder, const std::string& name,
+                                 std::string& path) {
+    const fs::path entry = folder / name;
     std::error_code ec;
-    const bool alias = fs::is_symlink(fs::symlink_status(entry, ec));
+    if (!fs::exists(entry, ec) || gDottedFI(name) || !IsDirectory(entry)) return false;
+    if (IsPackageName(name) || !MakeListDisp(name)) return false;
     // A link gives way to its target: the row carries the target's path and name.
-    fs::path target = alias ? fs::canonical(entry, ec) : entry;
-    if (ec) return;
-    const std::string path = target.string();
-    AddRowDictionary(array, "item", "folder", path, HasExifFile(path), -1, alias, parent);
+    if (fs::is_symlink(fs::symlink_status(entry, ec))) {
+        const fs::path target = fs::canonical(entry, ec);
+        if (ec) return false;
+        path = target.string();
+    } else {
+        path = entry.string();
+    }
+    return true;
 }
 
 FolderTree::Rows FolderTree::MakeChildren(RowRecord& item) {

@@ -46,6 +46,10 @@ class FolderTree {
     // The rows below `item`, loaded on the first call and kept.
     Rows& GetChild(RowRecord& item);
 
+    // True when the entry `name` of `folder` is shown as a folder row; `path` is then the path
+    // its row carries (a link's target).
+    static bool ShownFolderPath(const std::filesystem::path& folder, const std::string& name,
+                                std::string& path);
     // False for a name that is never a row, at any depth.
     static bool MakeListDisp(std::string_view name);
     // The names of the entries of `folder` in ascending order (at most kMaxChildren).
@@ -70,7 +74,6 @@ class FolderTree {
 
   private:
     std::string DisplayName(std::string_view vofo, const std::string& path) const;
-    void AddFolderRow(Rows& array, const std::filesystem::path& entry, RowRecord* parent);
 
     FolderTreeOptions options_;
     Rows dataArray_;

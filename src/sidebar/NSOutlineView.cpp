@@ -1,8 +1,14 @@
 #include "sidebar/NSOutlineView.h"
 
 #include <QMouseEvent>
+#include <QScrollBar>
+#include <QSocketNotifier>
+#include <algorithm>
 
 #include "core/Settings.h"
+#include "platform/MountMonitor.h"
+#include "platform/Volumes.h"
+#include "sidebar/CameraSearch.h"
 #include "sidebar/FolderTree.h"
 #include "sidebar/SidebarDelegate.h"
 #include "sidebar/SidebarModel.h"
@@ -36,6 +42,13 @@ NSOutlineView::NSOutlineView(const Settings& prefs, QWidget* parent)
     connect(this, &QTreeView::collapsed, this,
             [this](const QModelIndex& i) { MarkExpand(i, false); });
     MakeTable();
+    // The kernel flags a changed mount table as an exceptional condition on the file; a read
+    // notifier would fire without end.
+    monitor_ = std::make_unique<MountMonitor>();
+    if (monitor_->Fd() >= 0) {
+        lvNotif = new QSocketNotifier(monitor_->Fd(), QSocketNotifier::Exception, this);
+        connect(lvNotif, &QSocketNotifier::activated, this, &NSOutlineView::OnMountTableChanged);
+    }
 }
 
 NSOutlineView::~NSOutlineView() = default;
@@ -102,13 +115,169 @@ QModelIndex NSOutlineView::IndexOfRow(int row) const {
     return i;
 }
 
+int NSOutlineView::RowOfPath(const std::string& path) const {
+    int row = 0;
+    for (QModelIndex i = model_->index(0, 0); i.isValid(); i = indexBelow(i), ++row)
+        if (SidebarModel::RowOf(i)->path == path) return row;
+    return -1;
+}
+
+// ---- volume events ---------------------------------------------------------------------
+
+void NSOutlineView::OnMountTableChanged() {
+    const MountChanges changes = monitor_->Check();
+    // The kernel reports every mount; only those the volume list would show are volumes.
+    const int mode = tree_->Options().volumeMode;
+    const std::string user = Volumes::CurrentUser();
+    for (const MountEntry& e : changes.unmounted)
+        if (Volumes::Shows(e, mode, user)) getPost(VolumeEvent::Unmount, e.mountPoint);
+    for (const MountEntry& e : changes.mounted)
+        if (Volumes::Shows(e, mode, user)) getPost(VolumeEvent::Mount, e.mountPoint);
+}
+
+void NSOutlineView::getPost(VolumeEvent event, const std::string& path) {
+    RecordSelection();
+    const int scrolled = verticalScrollBar()->value();
+    int mode = 0;
+    int index = 0;
+    if (event == VolumeEvent::Mount) {
+        model_->Rebuild([&] { index = tree_->InsertVolumeRow(path); });
+        mode = index > 0 ? 1 : 0;
+    } else {
+        const auto& rows = tree_->DataArray();
+        for (std::size_t i = 1; i < rows.size(); ++i) {
+            if (rows[i]->path != path) continue;
+            DiscloseExpandLost(*rows[i], RowOfIndex(model_->index(static_cast<int>(i), 0)));
+            break;
+        }
+        std::unique_ptr<RowRecord> removed;
+        model_->Rebuild([&] { removed = tree_->RemoveRowOfPath(path, index); });
+        mode = removed ? 2 : 0;
+        if (selectedRow < 0) emit selectionDidChange(-1, QString());
+    }
+    DiscloseExpand(mode, index);
+    selectedPath_.clear();
+    verticalScrollBar()->setValue(scrolled);
+    if (mode == 1) AutoSelect();
+}
+
+// Rows opened or closed above the selection since it was made have moved it; the recorded row
+// is brought up to date first.
+void NSOutlineView::RecordSelection() {
+    const QModelIndexList chosen = selectionModel()->selectedRows();
+    if (!chosen.isEmpty()) {
+        selectedRow = RowOfIndex(chosen.front());
+        selectedPath_ = SidebarModel::RowOf(chosen.front())->path;
+    } else {
+        selectedPath_ = selectedRow >= 0 ? PathOfRow(selectedRow) : std::string();
+    }
+}
+
+void NSOutlineView::RemoveObserver() {
+    delete lvNotif;
+    lvNotif = nullptr;
+}
+
+// ---- camera media ----------------------------------------------------------------------
+
+bool NSOutlineView::AutoSelect2(std::string_view name) {
+    return CameraSearch::AutoSelect2(name);
+}
+
+void NSOutlineView::AutoSelect() {
+    const auto found = CameraSearch::Find(tree_->DataArray());
+    if (!found) return;
+    gFI = found->volume;
+    const QModelIndex volume = ChildOfPath({}, found->volume);
+    expand(volume);
+    const QModelIndex dcim = ChildOfPath(volume, found->dcim);
+    expand(dcim);
+    const QModelIndex folder = ChildOfPath(dcim, found->folder);
+    if (!folder.isValid()) return;
+    autoSelecting_ = true;
+    selectionModel()->setCurrentIndex(folder, QItemSelectionModel::ClearAndSelect);
+    autoSelecting_ = false;
+    scrollTo(folder);
+}
+
+QModelIndex NSOutlineView::ChildOfPath(const QModelIndex& parent, const std::string& path) const {
+    if (parent.isValid() && model_->canFetchMore(parent)) model_->fetchMore(parent);
+    for (int r = 0; r < model_->rowCount(parent); ++r) {
+        const QModelIndex child = model_->index(r, 0, parent);
+        if (SidebarModel::RowOf(child)->path == path) return child;
+    }
+    return {};
+}
+
+// ---- open rows and the selection across a reload --------------------------------------
+
+// Opening a row shows its children next, so the walk reaches open rows inside open rows.
+void NSOutlineView::DiscloseExpand(int mode, int index) {
+    for (QModelIndex i = IndexOfRow(1); i.isValid(); i = indexBelow(i))
+        if (SidebarModel::RowOf(i)->expand == "true") expand(i);
+    DiscloseExpandSel(mode, index);
+}
+
+// The rows above the changed one are as they were, so the row count shifts by one for the
+// rows after it. When open rows went with a removed volume the shift is larger; the folder's
+// path then finds it.
+void NSOutlineView::DiscloseExpandSel(int mode, int index) {
+    if (selectedRow < 0) return;
+    const int at = DisplayRowOfTop(index);
+    int row = selectedRow;
+    if (mode == 1 && selectedRow >= at) ++row;
+    if (mode == 2 && selectedRow > at) --row;
+    if (!selectedPath_.empty() && PathOfRow(row) != selectedPath_) {
+        const int found = RowOfPath(selectedPath_);
+        if (found >= 0) row = found;
+    }
+    RestoreSelection(row);
+}
+
+int NSOutlineView::DisplayRowOfTop(int index) const {
+    if (index >= model_->rowCount()) return VisibleRowCount();
+    return RowOfIndex(model_->index(std::max(index, 0), 0));
+}
+
+void NSOutlineView::RestoreSelection(int row) {
+    // The same folder again: the window already shows it, and a new scan would only repeat it.
+    const QModelIndex index = IndexOfRow(row);
+    if (!index.isValid() || !(index.flags() & Qt::ItemIsSelectable)) {
+        selectedRow = -1;
+        emit selectionDidChange(-1, QString());
+        return;
+    }
+    quiet_ = !selectedPath_.empty() && PathOfRow(row) == selectedPath_;
+    SelectRow(row);
+    quiet_ = false;
+}
+
+void NSOutlineView::DiscloseExpandLost(const RowRecord& item, int row) {
+    if (row < 0 || selectedRow < 0) return;
+    if (row == selectedRow) {
+        selectedRow = -1;
+        return;
+    }
+    const int n = DiscloseExpandLost2(item);
+    if (selectedRow > row && selectedRow <= row + n) selectedRow = -1;
+}
+
+int NSOutlineView::DiscloseExpandLost2(const RowRecord& item) {
+    if (!item.children || item.expand != "true") return 0;
+    int n = 0;
+    for (const auto& child : *item.children)
+        n += 1 + DiscloseExpandLost2(*child);
+    return n;
+}
+
 // The window's handler runs first and still sees the old selectedRow.
 void NSOutlineView::OnSelectionChanged() {
     const QModelIndexList chosen = selectionModel()->selectedRows();
     const QModelIndex index = chosen.isEmpty() ? QModelIndex() : chosen.front();
     const int row = RowOfIndex(index);
-    emit selectionDidChange(row,
-                            row < 0 ? QString() : index.data(SidebarModel::PathRole).toString());
+    if (!quiet_)
+        emit selectionDidChange(
+            row, row < 0 ? QString() : index.data(SidebarModel::PathRole).toString());
     selectedRow = row;
 }
 

@@ -1,15 +1,21 @@
 #pragma once
 // The sidebar: a tree of row records (the "デスクトップ" group row, the volumes, the Desktop's
 // folders) shown in a tree view with 19-pixel rows. Children load when a row is first opened.
-// The window hears of a changed selection through selectionDidChange.
+// The window hears of a changed selection through selectionDidChange. The view keeps itself
+// true while volumes come and go, and finds camera media on its own.
 #include <QTreeView>
 #include <memory>
 #include <string>
+#include <string_view>
+
+class QSocketNotifier;
 
 namespace lumivex {
 
 class Settings;
 class FolderTree;
+class MountMonitor;
+struct RowRecord;
 class SidebarModel;
 class SidebarDelegate;
 
@@ -33,6 +39,34 @@ class NSOutlineView : public QTreeView {
     // Selects the row at display index `row` (-1 clears the selection), as a click would.
     void SelectRow(int row);
 
+    // Volume events: a mount adds a row after the last volume row and looks for a camera on
+    // it; an unmount removes the row. The open rows and the selected folder are kept.
+    enum class VolumeEvent { Mount, Unmount };
+    void getPost(VolumeEvent event, const std::string& path);
+    // Stops listening to the mount table (before the program ejects a disk itself).
+    void RemoveObserver();
+    bool Observing() const { return lvNotif != nullptr; }
+
+    // Finds the first volume with a "DCIM" folder holding a numbered folder, opens the way to
+    // it and selects it. Nothing changes when there is none.
+    void AutoSelect();
+    static bool AutoSelect2(std::string_view name);
+    // True while AutoSelect's own selection is being reported.
+    bool AutoSelecting() const { return autoSelecting_; }
+    // The volume on which AutoSelect last found camera media; "" when it never found any.
+    std::string gFI;
+
+    // After the rows were reloaded (mode 0: no change, 1: the top-level row `index` was
+    // inserted, 2: the top-level row `index` was removed): rows marked open open again, and
+    // the selection goes back to the folder it was on.
+    void DiscloseExpand(int mode, int index);
+    void DiscloseExpandSel(int mode, int index);
+    // Before a reload: forgets the selection when it was on the removed row (shown at `row`)
+    // or below it.
+    void DiscloseExpandLost(const RowRecord& item, int row);
+    // The number of rows shown below `item` through its open levels.
+    static int DiscloseExpandLost2(const RowRecord& item);
+
     // The colour of names of folders that hold thumbnails (pGxClr), 0xRRGGBB.
     void SetFolderColor(int rgb);
 
@@ -40,6 +74,8 @@ class NSOutlineView : public QTreeView {
     SidebarModel& Model();
     // The number of rows shown, through every open level (the group row included).
     int VisibleRowCount() const;
+    // The display index of the row whose "path" is `path`; -1 when it is not shown.
+    int RowOfPath(const std::string& path) const;
     // The display index of `index`, or -1 when it is not shown.
     int RowOfIndex(const QModelIndex& index) const;
     // The index shown at display index `row`; invalid when there is none.
@@ -56,11 +92,24 @@ class NSOutlineView : public QTreeView {
   private:
     void OnSelectionChanged();
     void MarkExpand(const QModelIndex& index, bool open);
+    void OnMountTableChanged();
+    void RecordSelection();
+    // The child of `parent` whose row carries `path`; invalid when there is none.
+    QModelIndex ChildOfPath(const QModelIndex& parent, const std::string& path) const;
+    // The display index of the top-level row `index` (the end of the rows past the last).
+    int DisplayRowOfTop(int index) const;
+    // Selects `row`; when it is the folder that was selected before the reload, quietly.
+    void RestoreSelection(int row);
 
     const Settings& prefs_;
     std::unique_ptr<FolderTree> tree_;
     SidebarModel* model_;
     SidebarDelegate* delegate_;
+    std::unique_ptr<MountMonitor> monitor_;
+    QSocketNotifier* lvNotif = nullptr;
+    std::string selectedPath_;  // the selected folder while the rows are reloaded
+    bool quiet_ = false;
+    bool autoSelecting_ = false;
 };
 
 }  // namespace lumivex

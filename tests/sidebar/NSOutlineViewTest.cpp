@@ -22,17 +22,9 @@ class NSOutlineViewTest : public ::testing::Test {
     void SetUp() override {
         home_.Dirs({"config", "Desktop/Alpha/One", "Desktop/Alpha/Two", "Desktop/Beta"});
         home_.Picture("Desktop/Beta/IMG_0001.JPG");
-        for (const char* name : {"HOME", "XDG_CONFIG_HOME"})
-            if (const char* v = ::getenv(name)) saved_.emplace_back(name, v);
-        ::setenv("HOME", home_.Str().c_str(), 1);
-        ::setenv("XDG_CONFIG_HOME", home_.Str("config").c_str(), 1);
+        scoped_ = std::make_unique<test::ScopedHome>(home_);
         prefs_.InitAll();
         prefs_.gPref[6] = 0x00AA33;
-    }
-    void TearDown() override {
-        ::unsetenv("XDG_CONFIG_HOME");
-        for (const auto& [name, value] : saved_)
-            ::setenv(name.c_str(), value.c_str(), 1);
     }
     // The display row whose path is `rel` under the Desktop; -1 when it is not shown.
     static int RowOf(const NSOutlineView& view, const std::string& path) {
@@ -46,7 +38,7 @@ class NSOutlineViewTest : public ::testing::Test {
 
     test::ScratchTree home_;
     Settings prefs_;
-    std::vector<std::pair<std::string, std::string>> saved_;
+    std::unique_ptr<test::ScopedHome> scoped_;
 };
 
 TEST_F(NSOutlineViewTest, RowsAreNineteenPixelsUnderAHeaderWithoutHeaderBar) {

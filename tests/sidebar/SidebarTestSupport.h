@@ -1,11 +1,14 @@
 #pragma once
 // A scratch folder tree for sidebar tests, removed when the case ends.
+#include <stdlib.h>
 #include <unistd.h>
 
 #include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "ExifJpegBuilder.h"
 
@@ -54,6 +57,27 @@ class ScratchTree {
 
   private:
     std::filesystem::path root_;
+};
+
+// Makes `tree` the user's home (its "config" the settings folder) until the object goes.
+class ScopedHome {
+  public:
+    explicit ScopedHome(const ScratchTree& tree) {
+        for (const char* name : {"HOME", "XDG_CONFIG_HOME"})
+            if (const char* v = ::getenv(name)) saved_.emplace_back(name, v);
+        ::setenv("HOME", tree.Str().c_str(), 1);
+        ::setenv("XDG_CONFIG_HOME", tree.Str("config").c_str(), 1);
+    }
+    ~ScopedHome() {
+        ::unsetenv("XDG_CONFIG_HOME");
+        for (const auto& [name, value] : saved_)
+            ::setenv(name.c_str(), value.c_str(), 1);
+    }
+    ScopedHome(const ScopedHome&) = delete;
+    ScopedHome& operator=(const ScopedHome&) = delete;
+
+  private:
+    std::vector<std::pair<std::string, std::string>> saved_;
 };
 
 }  // namespace lumivex::test

@@ -1,0 +1,144 @@
+// A real camera card, as far as a test can make one: a tmpfs holding DCIM/100TEST, mounted
+// under /media/ while the program runs. The sidebar gains the volume, opens it down to the
+// numbered folder and shows its thumbnails; pulling the card, also in the middle of a scan,
+// empties the grid; the quit ejects it. Needs root, and is skipped without it.
+#include <gtest/gtest.h>
+#include <sys/mount.h>
+#include <unistd.h>
+
+#include <QSignalSpy>
+#include <QTest>
+#include <filesystem>
+
+#include "RealisticCamera.h"
+#include "ScratchDir.h"
+#include "ScriptedPrompter.h"
+#include "app/App.h"
+#include "browser/Window1.h"
+#include "platform/MountTable.h"
+#include "sidebar/NSOutlineView.h"
+
+namespace lumivex {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool Mounted(const fs::path& point) {
+    return MountTable::Read().Find(point.string()) != nullptr;
+}
+
+// A card's contents, made on a tmpfs of their own before the card "goes in", so that the
+// mount appears at once with every file on it, as a real card's does.
+class Card {
+  public:
+    explicit Card(const fs::path& point) : point_(point) {}
+    ~Card() { Pull(); }
+    bool Insert(int pictures) {
+        std::error_code ec;
+        fs::create_directories(staging_.path(), ec);
+        if (::mount("lumivex-card", staging_.path().c_str(), "tmpfs", 0, "size=256m") != 0)
+            return false;
+        const fs::path folder = staging_.path() / "DCIM" / "100TEST";
+        fs::create_directories(folder);
+        fs::create_directories(staging_.path() / "MISC");
+        for (int i = 1; i <= pictures; ++i) {
+            char name[32];
+            std::snprintf(name, sizeof name, "IMG_%04d.JPG", i);
+            fixtures::WriteRealisticCamera(folder / name, i, 24 * 1024,
+                                           fixtures::ByteOrder::Little);
+        }
+        fs::create_directories(point_);
+        const bool ok =
+            ::mount(staging_.path().c_str(), point_.c_str(), nullptr, MS_BIND, nullptr) == 0;
+        ::umount2(staging_.path().c_str(), MNT_DETACH);
+        return ok;
+    }
+    // Like a card pulled out: the mount goes even while files on it are open.
+    void Pull() {
+        if (Mounted(point_)) ::umount2(point_.c_str(), MNT_DETACH);
+        std::error_code ec;
+        if (!Mounted(point_)) fs::remove(point_, ec);
+    }
+    std::string Folder() const { return (point_ / "DCIM" / "100TEST").string(); }
+
+  private:
+    fs::path point_;
+    fixtures::ScratchDir staging_{"lvx-card"};
+};
+
+class CardMountTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        if (::geteuid() != 0) GTEST_SKIP() << "mounting needs root";
+        fs::create_directories(root_ / "home" / "Desktop");
+        ::setenv("HOME", (root_ / "home").c_str(), 1);
+        ::setenv("XDG_CONFIG_HOME", (root_ / "home" / ".config").c_str(), 1);
+        app_ = std::make_unique<App>(prompter_, root_ / "settings");
+        app_->InitApp();
+        app_->Prefs().gPref[31] = 1;  // eject at quit
+        w_ = app_->MakeWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(w_));
+    }
+    void TearDown() override { app_.reset(); }
+
+    bool ShowsCard(const Card& card, std::size_t pictures) {
+        NSOutlineView* o = w_->Outline();
+        return QTest::qWaitFor(
+            [&] {
+                return o->PathOfRow(o->selectedRow) == card.Folder() && !w_->ScanRunning() &&
+                       w_->Items().size() == pictures;
+            },
+            20000);
+    }
+    bool Cleared() {
+        NSOutlineView* o = w_->Outline();
+        return QTest::qWaitFor(
+            [&] {
+                return o->RowOfPath(point_.string()) < 0 && o->selectedRow == -1 &&
+                       !w_->ScanRunning() && w_->Items().empty();
+            },
+            20000);
+    }
+
+    fixtures::ScratchDir scratch_;
+    fs::path root_ = scratch_.path();
+    fs::path point_ = fs::path("/media") / ("LVX CARD " + std::to_string(::getpid()));
+    ScriptedPrompter prompter_;
+    std::unique_ptr<App> app_;
+    Window1* w_ = nullptr;
+};
+
+TEST_F(CardMountTest, CardsComeAndGoWhileTheProgramRunsAndTheQuitEjectsTheLast) {
+    for (int round = 0; round < 2; ++round) {
+        Card card(point_);
+        if (!card.Insert(40)) GTEST_SKIP() << "this system does not allow mounts";
+        ASSERT_TRUE(ShowsCard(card, 40)) << "round " << round;
+        NSOutlineView* o = w_->Outline();
+        EXPECT_EQ(o->gFI, point_.string());
+        EXPECT_TRUE(o->isExpanded(o->IndexOfRow(o->RowOfPath(point_.string()))));
+        card.Pull();
+        ASSERT_TRUE(Cleared()) << "round " << round;
+    }
+
+    // Pulled while its folder is still being read: the scan ends, the grid empties.
+    {
+        Card card(point_);
+        ASSERT_TRUE(card.Insert(3000));
+        ASSERT_TRUE(
+            QTest::qWaitFor([&] { return w_->ScanRunning() && !w_->Items().empty(); }, 20000));
+        card.Pull();
+        ASSERT_TRUE(Cleared());
+    }
+
+    // The last card stays in; the quit ejects it with the script, and says nothing.
+    Card card(point_);
+    ASSERT_TRUE(card.Insert(5));
+    ASSERT_TRUE(ShowsCard(card, 5));
+    w_->SetEjectScript(LUMIVEX_EJECT_SCRIPT);
+    w_->close();
+    EXPECT_FALSE(Mounted(point_));
+    EXPECT_TRUE(prompter_.asked.isEmpty()) << prompter_.asked.join("; ").toStdString();
+}
+
+}  // namespace
+}  // namespace lumivex
