@@ -8,6 +8,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <filesystem>
+#include <fstream>
 
 #include "ExifJpegBuilder.h"
 #include "ScratchDir.h"
@@ -15,6 +16,7 @@
 #include "app/App.h"
 #include "browser/ThumbnailCanvas.h"
 #include "browser/Window1.h"
+#include "core/Settings.h"
 #include "sidebar/NSOutlineView.h"
 
 namespace lumivex {
@@ -92,10 +94,11 @@ TEST_F(SidebarScanTest, RestingPointerNamesCutLabelsAndMenuFollowsSelection) {
 
     // The pointer rests for a full timer round over the cut label's picture.
     QTest::mouseMove(w_->Canvas(), QPoint(items[0].x + 20, items[0].y + 20));
-    QTRY_COMPARE_WITH_TIMEOUT(w_->ToolTipText(), QString("A_very_long_file_name_that_cannot_fit"),
-                              3000);
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return w_->ToolTipText() == "A_very_long_file_name_that_cannot_fit"; }, 3000))
+        << w_->ToolTipText().toStdString();
     QTest::mouseMove(w_->Canvas(), QPoint(items[1].x + 20, items[1].y + 20));
-    QTRY_VERIFY_WITH_TIMEOUT(w_->ToolTipText().isEmpty(), 3000);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return w_->ToolTipText().isEmpty(); }, 3000));
 
     EXPECT_EQ(w_->BuildContextMenu(w_), nullptr);  // nothing selected: no menu of the pane
     QTest::mouseClick(w_->Canvas(), Qt::LeftButton, Qt::NoModifier,
@@ -112,6 +115,69 @@ TEST_F(SidebarScanTest, RestingPointerNamesCutLabelsAndMenuFollowsSelection) {
     std::unique_ptr<QMenu> many(w_->BuildContextMenu(nullptr));
     ASSERT_NE(many, nullptr);
     EXPECT_EQ(many->actions().size(), 6);
+}
+
+TEST_F(SidebarScanTest, ACardFoundDuringAScanTakesOverTheGrid) {
+    fixtures::ExifJpegBuilder b;
+    b.Ifd0().Ascii(0x010F, "M");
+    b.JpegThumbnail(16, 12);
+    fs::create_directories(desktop_ / "Big");
+    for (int i = 0; i < 400; ++i)
+        b.Write(desktop_ / "Big" / ("IMG_" + std::to_string(1000 + i) + ".JPG"));
+    const fs::path card = root_ / "card";
+    fs::create_directories(card / "DCIM" / "100TEST");
+    for (int i = 0; i < 3; ++i)
+        b.Write(card / "DCIM" / "100TEST" / ("DSC_000" + std::to_string(i) + ".JPG"));
+
+    // The scan has started and not been collected when the card's volume appears.
+    w_->SelFolder1((desktop_ / "Big").string());
+    ASSERT_TRUE(w_->ScanRunning());
+    w_->Outline()->getPost(NSOutlineView::VolumeEvent::Mount, card.string());
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return !w_->ScanRunning() && w_->Items().size() == 3; }, 10000))
+        << w_->Items().size() << " items";
+    EXPECT_EQ(w_->Items()[0].fname, "DSC_0000.JPG");
+    NSOutlineView* o = w_->Outline();
+    EXPECT_EQ(o->PathOfRow(o->selectedRow), (card / "DCIM" / "100TEST").string());
+}
+
+TEST_F(SidebarScanTest, TheQuitEjectsOnlyAStillMountedCardAndSaysWhatWentWrong) {
+    const fs::path script = root_ / "eject.sh";
+    const fs::path log = root_ / "eject.log";
+    {
+        std::ofstream out(script);
+        out << "echo \"$1\" >> '" << log.string() << "'\nexit 3\n";
+    }
+    w_->SetEjectScript(script);
+    NSOutlineView* o = w_->Outline();
+    Settings& prefs = app_->Prefs();
+
+    // Off in the settings, no card found, or the card gone: nothing runs.
+    o->gFI = "/proc";  // a mount point every Linux system has, standing in for the card
+    prefs.gPref[31] = 0;
+    w_->UnmountCam();
+    prefs.gPref[31] = 1;
+    for (const std::string& gone : {std::string(), std::string("/"), (root_ / "gone").string()}) {
+        o->gFI = gone;
+        w_->UnmountCam();
+    }
+    EXPECT_FALSE(fs::exists(log));
+    EXPECT_TRUE(prompter_.asked.isEmpty());
+    EXPECT_TRUE(o->Observing());
+
+    // The script's failure is reported with its code; the observer was removed first.
+    o->gFI = "/proc";
+    w_->UnmountCam();
+    EXPECT_EQ(prompter_.asked, QStringList({"error code: 3"}));
+    EXPECT_FALSE(o->Observing());
+    std::ifstream in(log);
+    std::string arg;
+    std::getline(in, arg);
+    EXPECT_EQ(arg, "/proc");
+
+    w_->SetEjectScript(root_ / "missing.sh");
+    w_->UnmountCam();
+    EXPECT_EQ(prompter_.asked.back(), "file not found.");
 }
 
 }  // namespace

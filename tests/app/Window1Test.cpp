@@ -178,7 +178,7 @@ TEST_F(Window1Test, StopKeepsAPrefixAndASecondSelectionDuringAScanIsDropped) {
     w->SelFolder1(big.string());
     w->SelFolder1(other.string());  // dropped: one job at a time
     auto* bar = w->ProgressStrip()->ProgressBar1;
-    QTRY_VERIFY_WITH_TIMEOUT(bar->value() > 0, 10000);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bar->value() > 0; }, 10000));
     QTest::mouseClick(w->ProgressStrip()->PushButton1, Qt::LeftButton);
     WaitForScan(w);
     const auto& items = w->Items();
