@@ -26,16 +26,30 @@ void Touch(const fs::path& file, const std::string& text = "x") {
     std::ofstream(file) << text;
 }
 
-TEST(FileServices, DeleteEntireFolderNeverFollowsLinks) {
-    using Prepare = fs::path (*)(const fs::path& root, const fs::path& outside);
-    struct Case {
+// Runs the deletion in a child whose descriptor limit runs out inside a deep chain of
+// folders: a failure that permission bits cannot give when the tests run as root.
+int DeleteWithFewDescriptors(const fs::path& folder, bool continueIfErrors) {
+    const pid_t pid = fork();
+    if (pid == 0) {
+        close_range(3, ~0u, 0);
+        const rlimit limit{6, 6};
+        setrlimit(RLIMIT_NOFILE, &limit);
+        _exit(gDeleteEntireFolder(folder, continueIfErrors));
+    }
+    int status = 0;
+    waitpid(pid, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+// Never through a link, and on failure stop unless told to go on.
+TEST(FileServices, DeleteEntireFolder) {
+    const struct {
         const char* what;
-        Prepare setup;  // returns what to delete
+        fs::path (*setup)(const fs::path& root, const fs::path& outside);  // what to delete
         int result;
         bool gone;
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
+        // clang-format off
         {"links inside", [](const fs::path& root, const fs::path& outside) {
              Touch(root / "t" / "a.txt");
              Touch(root / "t" / "sub" / "deeper" / "c.txt");
@@ -52,9 +66,9 @@ TEST(FileServices, DeleteEntireFolderNeverFollowsLinks) {
              fs::create_directory(root / "sub"); return root / "sub" / ".."; }, EINVAL, false},
         {"a plain file", [](const fs::path& root, const fs::path&) {
              Touch(root / "file"); return root / "file"; }, ENOTDIR, false},
+        // clang-format on
     };
-    // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         ScratchDir root, outside;
         Touch(outside.path() / "keep.txt");
         const fs::path target = c.setup(root.path(), outside.path());
@@ -62,24 +76,6 @@ TEST(FileServices, DeleteEntireFolderNeverFollowsLinks) {
         EXPECT_EQ(!fs::exists(fs::symlink_status(target)), c.gone) << c.what;
         EXPECT_TRUE(fs::exists(outside.path() / "keep.txt")) << c.what;
     }
-}
-
-// Runs the deletion in a child whose descriptor limit runs out inside a deep chain of
-// folders: a failure that permission bits cannot give when the tests run as root.
-int DeleteWithFewDescriptors(const fs::path& folder, bool continueIfErrors) {
-    const pid_t pid = fork();
-    if (pid == 0) {
-        close_range(3, ~0u, 0);
-        const rlimit limit{6, 6};
-        setrlimit(RLIMIT_NOFILE, &limit);
-        _exit(gDeleteEntireFolder(folder, continueIfErrors));
-    }
-    int status = 0;
-    waitpid(pid, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-TEST(FileServices, DeleteEntireFolderStopsAtFirstFailureUnlessToldToGoOn) {
     for (const bool continueIfErrors : {false, true}) {
         ScratchDir dir;
         const fs::path root = dir.path() / "root";
@@ -97,15 +93,12 @@ TEST(FileServices, DeleteEntireFolderStopsAtFirstFailureUnlessToldToGoOn) {
 }
 
 TEST(FileServices, TemporalFolderIsOursOrNothing) {
-    using Prepare = void (*)(const fs::path& folder);
-    struct Case {
+    const struct {
         const char* what;
-        Prepare setup;
-        bool usable;
-        bool made;  // created by the call, so private to the user
-    };
-    // clang-format off
-    const Case cases[] = {
+        void (*setup)(const fs::path& folder);
+        bool usable, made;  // made: created by the call, so private to the user
+    } cases[] = {
+        // clang-format off
         {"missing", [](const fs::path&) {}, true, true},
         {"existing", [](const fs::path& f) { fs::create_directory(f); }, true, false},
         {"a link", [](const fs::path& f) { fs::create_directory_symlink(f.parent_path(), f); },
@@ -114,11 +107,11 @@ TEST(FileServices, TemporalFolderIsOursOrNothing) {
         {"someone else's", [](const fs::path& f) {  // only root can give a folder away
              fs::create_directory(f);
              if (chown(f.c_str(), geteuid() + 1, getegid()) != 0) fs::remove(f); }, false, false},
+        // clang-format on
     };
-    // clang-format on
     const char* saved = std::getenv("TMPDIR");
     const std::string savedText = saved ? saved : "";
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         ScratchDir dir;
         const fs::path folder = dir.path() / "com.ZenmoraWorksJP.LumivexPlus";
         c.setup(folder);
@@ -134,28 +127,26 @@ TEST(FileServices, TemporalFolderIsOursOrNothing) {
 }
 
 TEST(FileServices, BundleIdentifierOnTheLineAfterTheKey) {
-    const std::string id = "com.Google.GoogleEarthPro";
-    const std::string key = "<key>CFBundleIdentifier</key>";
+    const std::string id = "com.Google.GoogleEarthPro", key = "<key>CFBundleIdentifier</key>";
     const std::string value = "<string>" + id + "</string>";
-    struct Case {
+    const struct {
         const char* what;
         std::string plist;  // "" writes no file
         std::string wanted;
         bool found;
-    };
-    const Case cases[] = {
+    } cases[] = {
+        // clang-format off
         {"plain", "<dict>\n\t" + key + "\n\t" + value + "\n</dict>\n", id, true},
         {"case ignored", key + "\n" + value, "COM.google.googleearthpro", true},
         {"other id", key + "\n" + value, "com.Google.GoogleEarth", false},
         {"crlf", "<dict>\r\n" + key + "\r\n" + value + "\r\n", id, true},
-        {"cr", key + "\r" + value, id, true},
-        {"same line", key + value + "\n<key>x</key>\n", id, false},
+        {"cr", key + "\r" + value, id, true}, {"same line", key + value + "\n<key>x</key>\n", id, false},
         {"first key only", key + "\n<string>a</string>\n" + key + "\n" + value, id, false},
         {"key on the last line", value + "\n" + key + "\n", id, false},
-        {"no key", value + "\n" + value, id, false},
-        {"no file", "", id, false},
+        {"no key", value + "\n" + value, id, false}, {"no file", "", id, false},
+        // clang-format on
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         ScratchDir app;
         if (!c.plist.empty()) Touch(app.path() / "Contents" / "Info.plist", c.plist);
         EXPECT_EQ(gChkBundleIdentifier(app.path(), c.wanted), c.found) << c.what;
@@ -166,11 +157,9 @@ TEST(FileServices, OnlyFoldersHaveTypeAndCreator) {
     ScratchDir dir;
     Touch(dir.path() / "file.jpg");
     fs::create_directory_symlink(dir.path(), dir.path() / "link");
-    const std::pair<fs::path, bool> cases[] = {{dir.path(), true},
-                                               {dir.path() / "link", true},
-                                               {dir.path() / "file.jpg", false},
-                                               {dir.path() / "missing", false}};
-    for (const auto& [item, folder] : cases) {
+    for (const auto& [name, folder] :
+         {std::pair{"", true}, {"link", true}, {"file.jpg", false}, {"missing", false}}) {
+        const fs::path item = dir.path() / name;
         EXPECT_EQ(FolderItemEx::gGetCreator(item), folder ? "MACS" : "") << item;
         EXPECT_EQ(FolderItemEx::gGetType(item), folder ? "fold" : "") << item;
         EXPECT_EQ(gFileMatch(item, "macs", "FOLD"), folder) << item;

@@ -18,15 +18,12 @@ namespace {
 
 // Every pixel differs from every other (up to 4096 x 4096), so a misplaced one shows.
 Picture Numbered(int w, int h) {
-    Picture pic = Picture::Make(w, h);
-    for (int y = 0; y < h; ++y) {
-        for (int x = 0; x < w; ++x) {
-            pic.SetPixel(
-                x, y,
-                Color{std::uint8_t(x), std::uint8_t(y), std::uint8_t((x >> 8) << 4 | y >> 8)});
-        }
-    }
-    return pic;
+    std::vector<std::uint8_t> rgb;
+    for (int y = 0; y < h; ++y)
+        for (int x = 0; x < w; ++x)
+            rgb.insert(rgb.end(),
+                       {std::uint8_t(x), std::uint8_t(y), std::uint8_t((x >> 8) << 4 | y >> 8)});
+    return Picture(w, h, rgb);
 }
 
 bool Near(Color a, Color b, int tolerance) {
@@ -42,161 +39,110 @@ std::size_t MarkerAt(const std::vector<std::uint8_t>& jpeg, std::uint8_t marker)
     return 0;
 }
 
-struct Point {
-    int x, y;
-};
-
-// Where source pixel (x, y) of a w x h picture lands, from the corner rules: a clockwise
+// Every turn of each shape, pixel by pixel; that also covers any sequence of turns. A clockwise
 // quarter turn takes the top-left to the top-right, a half turn to the bottom-right, a
 // counter-clockwise quarter turn to the bottom-left.
-Point Landing(int turn, int x, int y, int w, int h) {
-    if (turn == 1) return {h - 1 - y, x};
-    if (turn == 2) return {w - 1 - x, h - 1 - y};
-    return {y, w - 1 - x};
-}
-
 TEST(Picture, RotationMovesEachPixelToItsPlace) {
-    struct Case {
-        int turn;
-        Point size, topLeftTo;  // the result's size, and where the source's top-left ends
-    };
-    const Case cases[] = {
-        {1, {3, 7}, {2, 0}}, {2, {7, 3}, {6, 2}}, {3, {3, 7}, {0, 6}},        // 7 x 3
-        {1, {5, 1}, {4, 0}}, {2, {1, 5}, {0, 4}}, {3, {5, 1}, {0, 0}},        // 1 x 5
-        {1, {2, 3}, {1, 0}}, {3, {2, 3}, {0, 2}}, {1, {130, 300}, {129, 0}},  // 3 x 2, 300 x 130
-    };
-    for (const auto& c : cases) {
-        const bool quarter = c.turn != 2;
-        const int w = quarter ? c.size.y : c.size.x, h = quarter ? c.size.x : c.size.y;
-        SCOPED_TRACE(testing::Message() << w << "x" << h << " turn " << c.turn);
+    for (const auto& [w, h] : {std::pair{7, 3}, {1, 5}, {3, 2}, {300, 130}}) {
         const Picture src = Numbered(w, h);
-        const Picture out = gRotateImage(src, c.turn);
-        ASSERT_EQ(out.Width(), c.size.x);
-        ASSERT_EQ(out.Height(), c.size.y);
-        EXPECT_EQ(out.Pixel(c.topLeftTo.x, c.topLeftTo.y), src.Pixel(0, 0));
-        for (int y = 0; y < h; ++y) {
-            for (int x = 0; x < w; ++x) {
-                const Point p = Landing(c.turn, x, y, w, h);
-                ASSERT_EQ(out.Pixel(p.x, p.y), src.Pixel(x, y)) << x << "," << y;
+        for (int turn = 1; turn <= 3; ++turn) {
+            SCOPED_TRACE(testing::Message() << w << "x" << h << " turn " << turn);
+            const Picture out = gRotateImage(src, turn);
+            ASSERT_EQ(out.Width(), turn == 2 ? w : h);
+            ASSERT_EQ(out.Height(), turn == 2 ? h : w);
+            for (int y = 0; y < h; ++y) {
+                for (int x = 0; x < w; ++x) {
+                    const int toX = turn == 1 ? h - 1 - y : turn == 2 ? w - 1 - x : y;
+                    const int toY = turn == 1 ? x : turn == 2 ? h - 1 - y : w - 1 - x;
+                    ASSERT_EQ(out.Pixel(toX, toY), src.Pixel(x, y)) << x << "," << y;
+                }
             }
         }
     }
-}
-
-TEST(Picture, TurnsThatComeBackAndTurnsThatDoNothing) {
     const Picture src = Numbered(7, 3);
-    for (const auto& [turn, times] : {std::pair{1, 4}, {3, 4}, {2, 2}}) {
-        Picture pic = src;
-        for (int i = 0; i < times; ++i)
-            pic = gRotateImage(pic, turn);
-        EXPECT_EQ(pic, src) << "turn " << turn;
-    }
-    EXPECT_EQ(gRotateImage(gRotateImage(src, 1), 3), src);
     for (int turn : {0, 4, -1, INT_MIN})
         EXPECT_EQ(gRotateImage(src, turn), src) << turn;
     EXPECT_TRUE(gRotateImage(Picture(), 1).IsNull());
 }
 
-// The pixels are held by hand, so copies, moves and comparison are the class's own code.
-TEST(Picture, CopiesMovesAndComparison) {
+// The pixels are held by hand, so copies, moves, comparison and the size cap are the class's
+// own code.
+TEST(Picture, CopiesMovesComparisonAndSizeCap) {
     const Picture src = Numbered(7, 3);
     Picture copy = src;
     EXPECT_EQ(copy, src);
-    copy.SetPixel(6, 2, Color{1, 2, 3});
-    EXPECT_NE(copy, src);  // the last byte counts, and the source was not shared
+    copy.SetPixel(6, 2, Color{6, 2, 1});
+    EXPECT_NE(copy, src);  // only the last byte differs, and the source was not shared
     EXPECT_NE(Numbered(3, 7), src);
-    EXPECT_NE(Picture::Make(7, 3), src);
-    EXPECT_EQ(Picture::Make(7, 3), Picture::Make(7, 3));
-
     Picture moved = std::move(copy);
-    EXPECT_EQ(moved.Pixel(6, 2), (Color{1, 2, 3}));
+    EXPECT_EQ(moved.Pixel(6, 2), (Color{6, 2, 1}));
     EXPECT_TRUE(copy.IsNull());  // NOLINT(bugprone-use-after-move): a moved-from picture is null
-    EXPECT_EQ(copy.Pixels().size(), 0u);
-    EXPECT_EQ(copy.Row(0), nullptr);
     copy = moved;
     EXPECT_EQ(copy, moved);
     copy = Picture();
     EXPECT_EQ(copy, Picture());
     EXPECT_EQ(Picture(2, 1, {1, 2, 3, 4, 5, 6}).Pixel(1, 0), (Color{4, 5, 6}));
-}
 
-TEST(Picture, SizesOutsideTheCapGiveNull) {
-    struct Case {
+    const struct {
         int w, h;
         std::size_t rgbBytes;
         bool makes, takes;  // Make(w, h) and Picture(w, h, rgb) give a picture
-    };
-    const Case cases[] = {
+    } sizes[] = {
         // clang-format off
         {2, 3, 18, true, true}, {2, 3, 17, true, false}, {4096, 4096, 0, true, false},
-        {3, -1, 0, false, false}, {INT_MAX, INT_MAX, 0, false, false},
-        {4097, 4096, 0, false, false},
+        {3, -1, 0, false, false}, {INT_MAX, INT_MAX, 0, false, false}, {4097, 4096, 0, false, false},
         // clang-format on
     };
-    for (const auto& c : cases) {
+    for (const auto& c : sizes) {
         EXPECT_EQ(!Picture::Make(c.w, c.h).IsNull(), c.makes) << c.w << "x" << c.h;
         const Picture given(c.w, c.h, std::vector<std::uint8_t>(c.rgbBytes, 7));
         EXPECT_EQ(!given.IsNull(), c.takes) << c.w << "x" << c.h << " " << c.rgbBytes;
     }
 }
 
-TEST(JpegCodec, RoundTripKeepsThePicture) {
+TEST(JpegCodec, RoundTripAndDamagedStreams) {
     const Picture src = Numbered(37, 21);  // odd sizes: partial blocks at the edges
-    const auto jpeg = JpegCodec::Encode(src, 100);
-    ASSERT_FALSE(jpeg.empty());
-    const Picture back = JpegCodec::Decode(jpeg);
+    const Picture back = JpegCodec::Decode(JpegCodec::Encode(src, 100));
     ASSERT_EQ(back.Width(), src.Width());
     ASSERT_EQ(back.Height(), src.Height());
-    for (int y = 0; y < src.Height(); ++y) {
-        for (int x = 0; x < src.Width(); ++x) {
-            EXPECT_TRUE(Near(back.Pixel(x, y), src.Pixel(x, y), 4)) << x << "," << y;
-        }
-    }
+    for (int y = 0; y < src.Height(); ++y)
+        for (int x = 0; x < src.Width(); ++x)
+            ASSERT_TRUE(Near(back.Pixel(x, y), src.Pixel(x, y), 4)) << x << "," << y;
     EXPECT_TRUE(JpegCodec::Encode(Picture(), 90).empty());
     EXPECT_FALSE(JpegCodec::Decode(JpegCodec::Encode(src, 50)).IsNull());
-}
 
-TEST(JpegCodec, DamagedStreams) {
     const auto good = *fixtures::JpegCache::Thumbnail(160, 120, 90, 0);
-    const std::size_t sos = MarkerAt(good, 0xDA);
-    auto huge = good;
-    const std::size_t sof = MarkerAt(good, 0xC0);
-    for (std::size_t i : {sof + 5, sof + 7}) {  // height, then width: 60000 each
-        huge[i] = 0xEA;
-        huge[i + 1] = 0x60;
-    }
-    auto garbage = good;
-    std::fill(garbage.begin(), garbage.begin() + 4, std::uint8_t(0x42));
-    struct Case {
+    const std::size_t sos = MarkerAt(good, 0xDA), sof = MarkerAt(good, 0xC0);
+    auto huge = good, garbage = good;
+    for (std::size_t i : {sof + 5, sof + 7})  // height, then width: 60000 each
+        huge[i] = 0xEA, huge[i + 1] = 0x60;
+    std::fill_n(garbage.begin(), 4, std::uint8_t(0x42));
+    const auto cutAt = [&](std::size_t n) {
+        return std::vector(good.begin(), good.begin() + std::ptrdiff_t(n));
+    };
+    const struct {
         const char* what;
         std::vector<std::uint8_t> bytes;
         bool decodes;
-    };
-    const Case cases[] = {
-        {"whole", good, true},
-        {"empty", {}, false},
-        {"not a JPEG", garbage, false},
-        {"cut in the headers", {good.begin(), good.begin() + std::ptrdiff_t(sos / 2)}, false},
-        {"cut in the scan",
-         {good.begin(), good.begin() + std::ptrdiff_t((sos + good.size()) / 2)},
-         true},
-        {"60000 x 60000", huge, false},
-    };
+    } cases[] = {{"whole", good, true},
+                 {"empty", {}, false},
+                 {"not a JPEG", garbage, false},
+                 {"cut in the headers", cutAt(sos / 2), false},
+                 {"cut in the scan", cutAt((sos + good.size()) / 2), true},
+                 {"60000 x 60000", huge, false}};
     for (const auto& c : cases) {
         const Picture pic = JpegCodec::Decode(c.bytes);
         EXPECT_EQ(!pic.IsNull(), c.decodes) << c.what;
         if (!pic.IsNull()) {
-            EXPECT_EQ(pic.Width(), 160) << c.what;
-            EXPECT_EQ(pic.Height(), 120) << c.what;
+            EXPECT_EQ(std::pair(pic.Width(), pic.Height()), std::pair(160, 120)) << c.what;
             EXPECT_TRUE(Near(pic.Pixel(10, 10), Color{220, 30, 30}, 8)) << c.what;
         }
         // A bad stream must not spoil the codec for the next file.
         EXPECT_FALSE(JpegCodec::Decode(good).IsNull()) << "after " << c.what;
     }
     // A stream cut short keeps its size; where the data ran out the picture is flat grey.
-    const Picture cut = JpegCodec::Decode(cases[4].bytes);
     EXPECT_TRUE(Near(JpegCodec::Decode(good).Pixel(10, 110), Color{30, 40, 210}, 8));
-    EXPECT_TRUE(Near(cut.Pixel(10, 110), Color{128, 128, 128}, 3));
+    EXPECT_TRUE(Near(JpegCodec::Decode(cases[4].bytes).Pixel(10, 110), Color{128, 128, 128}, 3));
 }
 
 TEST(NoThumbPicture, GroundAndTextWhereExpected) {
@@ -204,16 +150,13 @@ TEST(NoThumbPicture, GroundAndTextWhereExpected) {
     ASSERT_EQ(pic.Width(), 160);
     ASSERT_EQ(pic.Height(), 120);
     const Color ground{192, 255, 255}, black{0, 0, 0};
-    EXPECT_EQ(pic.Pixel(0, 0), ground);
-    EXPECT_EQ(pic.Pixel(159, 119), ground);
     int minX = INT_MAX, maxX = -1, minY = INT_MAX, maxY = -1, ink = 0;
     for (int y = 0; y < pic.Height(); ++y) {
         for (int x = 0; x < pic.Width(); ++x) {
             const Color c = pic.Pixel(x, y);
             ASSERT_TRUE(c == ground || c == black) << x << "," << y;
             if (c != black) continue;
-            ++ink;
-            minX = std::min(minX, x), maxX = std::max(maxX, x);
+            ++ink, minX = std::min(minX, x), maxX = std::max(maxX, x);
             minY = std::min(minY, y), maxY = std::max(maxY, y);
         }
     }
@@ -228,11 +171,10 @@ TEST(NoThumbPicture, GroundAndTextWhereExpected) {
 TEST(BitmapFont, UnknownCharactersAndClipping) {
     EXPECT_EQ(BitmapFont::TextWidth("a\x01z"), BitmapFont::TextWidth("a z"));
     EXPECT_EQ(BitmapFont::TextWidth("\xE6\x97\xA5"), BitmapFont::TextWidth(" "));  // one UTF-8 char
-    struct Case {
+    const struct {
         int x, baseline;
         bool inkShows;
-    };
-    const Case cases[] = {
+    } cases[] = {
         // clang-format off
         {-4, 4, true}, {20, 15, true}, {0, -1, true} /* only the descender */, {-500, 8, false},
         {30, 8, false}, {0, -12, false}, {INT_MIN, INT_MIN, false}, {INT_MAX, INT_MAX, false},

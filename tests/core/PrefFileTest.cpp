@@ -12,6 +12,7 @@
 #include <fstream>
 #include <functional>
 #include <limits>
+#include <numeric>
 #include <tuple>
 
 #include "ScratchDir.h"
@@ -30,8 +31,7 @@ std::string Pascal(std::string_view s) {
 }
 
 std::string U32(std::uint32_t v) {
-    return {static_cast<char>(v >> 24), static_cast<char>(v >> 16), static_cast<char>(v >> 8),
-            static_cast<char>(v)};
+    return {char(v >> 24), char(v >> 16), char(v >> 8), char(v)};
 }
 
 // A settings file with the given header; strings 17 to 19 in the old long form when asked.
@@ -58,32 +58,36 @@ Settings Defaults() {
     return s;
 }
 
+// n strings "<prefix><index>".
+std::vector<std::string> Strs(std::size_t n, const std::string& prefix) {
+    std::vector<std::string> v(n);
+    for (std::size_t i = 0; i < n; ++i)
+        v[i] = prefix + std::to_string(i);
+    return v;
+}
+
 TEST(PrefFile, LoadsEveryLayout) {
     // Slots that the old layouts lack or that their migration touches.
     constexpr std::size_t kSlots[] = {5, 6, 8, 42, 45, 50, 51, 52, 53, 54};
-    struct Case {
+    const struct {
         const char* header;
         bool longForm;  // strings 17 to 19 with a 32-bit length
         std::int64_t storedTop;
         std::array<std::int64_t, 10> expected;
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
+        // clang-format off
         {"pref",  true,  20,  {kHighlight, 0xFF, 0xD7DDE5, 100, 200, 1, 2000, 0, 0, 2}},
         {"pref2", true,  20,  {111, 222, 0xD7DDE5, 100, 200, 1, 2000, 0, 0, 2}},
         {"pref3", true,  150, {111, 222, 0xD7DDE5, 150, 200, 7, 7, 7, 7, 7}},
         {"PREF3", true,  20,  {111, 222, 0xD7DDE5, 100, 200, 7, 7, 7, 7, 7}},
         {"zzz",   true,  20,  {111, 222, 333, 20, 50, 7, 7, 7, 7, 7}},
         {"pref4", false, 20,  {111, 222, 333, 20, 50, 7, 7, 7, 7, 7}},
+        // clang-format on
     };
-    // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         std::vector<std::int64_t> ints(101);
-        std::vector<std::string> strs(51);
-        for (std::size_t i = 0; i < ints.size(); ++i)
-            ints[i] = 1000 + std::int64_t(i);
-        for (std::size_t i = 0; i < strs.size(); ++i)
-            strs[i] = 's' + std::to_string(i);
+        std::iota(ints.begin(), ints.end(), 1000);
+        std::vector<std::string> strs = Strs(51, "s");
         ints[0] = 100;
         const std::int64_t stored[] = {111, 222, 333, c.storedTop, 50, 7, 7, 7, 7, 7};
         for (std::size_t k = 0; k < 10; ++k)
@@ -106,11 +110,11 @@ TEST(PrefFile, RoundTripKeepsEveryValue) {
     std::string mixed = "a";
     for (int i = 0; i < 100; ++i)
         mixed += "日";  // three bytes each
+    // clang-format off
     const std::pair<std::string, std::size_t> cut[] = {{std::string(255, 'y'), 255},
-                                                       {std::string(300, 'x'), 255},
-                                                       {mixed, 253},
-                                                       {std::string(300, '\xFF'), 255},
-                                                       {mixed + "\xFF", 255}};
+        {std::string(300, 'x'), 255}, {mixed, 253}, {std::string(300, '\xFF'), 255},
+        {mixed + "\xFF", 255}};
+    // clang-format on
     Settings a = Defaults();
     for (std::size_t i = 1; i < a.gPref.size(); ++i)
         a.gPref[i] = std::int64_t(i) * 7919 - 300000;
@@ -139,24 +143,20 @@ TEST(PrefFile, RoundTripKeepsEveryValue) {
 }
 
 TEST(PrefFile, DamagedFilesKeepDefaultsBeyondTheDamage) {
-    struct Case {
-        const char* what;
-        std::string bytes;
-        std::function<void(Settings&)> expect;  // what the file changes in the defaults
-    };
     std::vector<std::int64_t> many(300);
-    std::vector<std::string> manyStrs(80);
-    for (std::size_t i = 0; i < many.size(); ++i)
-        many[i] = std::int64_t(i) + 5;
-    for (std::size_t i = 0; i < manyStrs.size(); ++i)
-        manyStrs[i] = "v" + std::to_string(i);
+    std::iota(many.begin(), many.end(), 5);
+    const std::vector<std::string> manyStrs = Strs(80, "v");
     const std::string p4 = Pascal("pref4");
     std::string oldCut = Pascal("pref3") + U32(1) + Pascal("100") + U32(51);
     for (int i = 0; i < 17; ++i)
         oldCut += Pascal("o");
     oldCut += U32(0xFFFFFFF0) + "abc";
-    // clang-format off
-    const Case cases[] = {
+    const struct {
+        const char* what;
+        std::string bytes;
+        std::function<void(Settings&)> expect;  // what the file changes in the defaults
+    } cases[] = {
+        // clang-format off
         {"empty file", "", [](Settings&) {}},
         {"header cut", "\x10pre", [](Settings&) {}},
         {"header only", p4, [](Settings&) {}},
@@ -174,9 +174,9 @@ TEST(PrefFile, DamagedFilesKeepDefaultsBeyondTheDamage) {
         {"counts beyond the tables", PrefBytes("pref4", many, manyStrs, false), [&](Settings& e) {
              std::copy_n(many.begin(), e.gPref.size(), e.gPref.begin());
              std::copy_n(manyStrs.begin(), e.gPrefS.size(), e.gPrefS.begin()); }},
+        // clang-format on
     };
-    // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         ScratchDir dir;
         WriteFile(dir.path() / "pref", c.bytes);
         Settings s = Defaults();
@@ -189,15 +189,13 @@ TEST(PrefFile, DamagedFilesKeepDefaultsBeyondTheDamage) {
 }
 
 TEST(PrefFile, MissingOrUnusableFilesAndFolders) {
-    using Prepare = fs::path (*)(const fs::path&);
-    struct Case {
+    const struct {
         const char* what;
-        Prepare setup;  // returns the settings folder
+        fs::path (*setup)(const fs::path&);  // returns the settings folder
         LoadResult load;
         bool saved;
-    };
-    // clang-format off
-    const Case cases[] = {
+    } cases[] = {
+        // clang-format off
         {"missing folder", [](const fs::path& d) { return d / "a" / "Lumivex初期設定"; },
          LoadResult::FolderCreated, false},
         {"no file", [](const fs::path& d) { return d; }, LoadResult::NoFile, true},
@@ -208,9 +206,9 @@ TEST(PrefFile, MissingOrUnusableFilesAndFolders) {
          LoadResult::Unreadable, true},
         {"folder is a file", [](const fs::path& d) { WriteFile(d / "f", "x"); return d / "f"; },
          LoadResult::Unreadable, false},
+        // clang-format on
     };
-    // clang-format on
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         ScratchDir dir;
         const fs::path folder = c.setup(dir.path());
         Settings s = Defaults();

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "core/PrefFile.h"
 
 namespace lumivex {
@@ -17,10 +19,8 @@ TEST(Settings, DefaultsTakeColoursFromTheTable) {
     s.gPref[77] = 9;
     s.gPrefS[33] = "left over";
     s.InitPref(0x010101);
-    const std::pair<std::size_t, std::int64_t> expected[] = {
-        {4, 0x010203}, {5, 0x010101}, {6, 0x0000FF}, {8, 0x040506}, {77, 0}};
-    for (const auto& [slot, value] : expected)
-        EXPECT_EQ(s.gPref[slot], value) << slot;
+    EXPECT_EQ((std::vector{s.gPref[4], s.gPref[5], s.gPref[6], s.gPref[8], s.gPref[77]}),
+              (std::vector<std::int64_t>{0x010203, 0x010101, 0x0000FF, 0x040506, 0}));
     EXPECT_EQ(s.gPrefS[33], "");
     s.InitAll();
     EXPECT_EQ(s.gPref[4], 0xFFFFC0);
