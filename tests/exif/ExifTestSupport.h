@@ -1,13 +1,20 @@
 #pragma once
 // Reads a fixture through exifGPS straight from memory, as the scan reads a file's head.
+#include <gtest/gtest.h>
+
+#include <array>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ExifJpegBuilder.h"
 #include "exif/exifGPS.h"
 
 namespace lumivex::test {
+
+using Bytes = std::vector<std::uint8_t>;
+using Values = std::vector<std::pair<std::string, ExifValue>>;
 
 class Loaded {
   public:
@@ -19,7 +26,7 @@ class Loaded {
     exifGPS x;
 
   private:
-    std::vector<std::uint8_t> bytes_;
+    Bytes bytes_;
 };
 
 inline ExifValue I(std::int64_t v) {
@@ -34,6 +41,29 @@ inline ExifValue S(std::string v) {
 
 inline std::vector<fixtures::ByteOrder> BothOrders() {
     return {fixtures::ByteOrder::Little, fixtures::ByteOrder::Big};
+}
+
+// The least that counts as Exif: an IFD0 holding a Make.
+inline fixtures::ExifJpegBuilder WithMake(fixtures::ByteOrder order = fixtures::ByteOrder::Little,
+                                          const std::string& make = "Maker") {
+    fixtures::ExifJpegBuilder b(order);
+    b.Ifd0().Ascii(0x010F, make);
+    return b;
+}
+
+inline std::array<std::string, 6> Infos(const exifGPS& x) {
+    std::array<std::string, 6> s;
+    x.GetInfo(s[0], s[1], s[2], s[3], s[4], s[5]);
+    return s;
+}
+
+// Each key holds exactly its value.
+inline void ExpectValues(const ExifDict& d, const Values& want, const std::string& what) {
+    for (const auto& [key, value] : want) {
+        const ExifValue* got = d.Find(key);
+        ASSERT_NE(got, nullptr) << what << ": " << key;
+        EXPECT_EQ(*got, value) << what << ": " << key;
+    }
 }
 
 }  // namespace lumivex::test

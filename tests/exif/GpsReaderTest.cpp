@@ -13,18 +13,16 @@ using fixtures::ExifJpegBuilder;
 using fixtures::Ifd;
 using Dms = std::vector<std::pair<std::uint32_t, std::uint32_t>>;
 
-struct AngleCase {
-    const char* name;
-    bool latitude;
-    const char* ref;
-    Dms dms;
-    const char* text;
-    double decimal;
-};
-
 TEST(GpsReader, LatitudeAndLongitudeCases) {
-    // clang-format off
-    const AngleCase cases[] = {
+    const struct {
+        const char* name;
+        bool latitude;
+        const char* ref;
+        Dms dms;
+        const char* text;
+        double decimal;
+    } cases[] = {
+        // clang-format off
         {"all three", true, "N", {{35, 1}, {39, 1}, {2940, 100}}, "北緯35度39分29.4秒", (39.0 / 60.0 + 35.0) + 29.4 / 3600.0},
         {"decimal minutes", false, "E", {{139, 1}, {4512, 100}, {0, 1}}, "東経139度45分7.2秒", 139.752},
         {"decimal degrees", true, "N", {{355, 10}, {0, 1}, {0, 1}}, "北緯35度30分0秒", 35.5},
@@ -34,34 +32,31 @@ TEST(GpsReader, LatitudeAndLongitudeCases) {
         {"west, lower case ref", false, "w", {{122, 1}, {25, 1}, {0, 1}}, "西経122度25分0秒", -(25.0 / 60.0 + 122.0)},
         {"lower case north", true, "n", {{10, 1}, {0, 1}, {0, 1}}, "北緯10度0分0秒", 10.0},
         {"no reference", true, nullptr, {{10, 1}, {0, 1}, {0, 1}}, "南緯10度0分0秒", -10.0},
+        // clang-format on
     };
-    // clang-format on
     for (const auto order : BothOrders()) {
         for (const auto& c : cases) {
-            ExifJpegBuilder b(order);
-            b.Ifd0().Ascii(0x010F, "Maker");
+            ExifJpegBuilder b = WithMake(order);
             if (c.ref) b.Gps().Ascii(c.latitude ? 1 : 3, c.ref);
             b.Gps().Rational(c.latitude ? 2 : 4, c.dms);
             Loaded l(b);
-            const std::string name = c.latitude ? "Latitude" : "Longitude";
-            ASSERT_TRUE(l.x.IFDg.Has(name)) << c.name;
-            EXPECT_EQ(std::get<std::string>(*l.x.IFDg.Find(name)), c.text) << c.name;
-            EXPECT_NEAR(std::get<double>(*l.x.IFDg.Find(name + "2")), c.decimal, 1e-9) << c.name;
-            EXPECT_EQ(*l.x.IFDg.Find(name + "3B"), D(c.dms[2].second)) << c.name;
-            EXPECT_EQ(*l.x.IFDg.Find(name + "2A"), D(c.dms[1].first)) << c.name;
+            const std::string n = c.latitude ? "Latitude" : "Longitude";
+            ExpectValues(
+                l.x.IFDg,
+                {{n, S(c.text)}, {n + "3B", D(c.dms[2].second)}, {n + "2A", D(c.dms[1].first)}},
+                c.name);
+            EXPECT_NEAR(l.x.IFDg.Number(n + "2").value_or(-1), c.decimal, 1e-9) << c.name;
         }
     }
 }
 
-struct GpsValueCase {
-    const char* name;
-    std::function<void(Ifd&)> add;
-    std::vector<std::pair<std::string, ExifValue>> expect;
-};
-
 TEST(GpsReader, OtherTags) {
-    // clang-format off
-    const GpsValueCase cases[] = {
+    const struct {
+        const char* name;
+        std::function<void(Ifd&)> add;
+        Values expect;
+    } cases[] = {
+        // clang-format off
         {"version", [](Ifd& d) { d.Bytes(0, fixtures::BYTE, {2, 2, 0, 0}); }, {{"VersionID", I(2200)}}},
         {"altitude", [](Ifd& d) { d.Bytes(5, fixtures::BYTE, {1}).Rational(6, {{12340, 10}}); }, {{"AltitudeRef", I(1)}, {"Altitude", S("1234 m")}, {"AltitudeA", D(12340)}}},
         {"time", [](Ifd& d) { d.Rational(7, {{12, 1}, {5, 1}, {3050, 100}}); }, {{"TimeStamp", S("12:5:31")}, {"TimeStamp3A", D(3050)}}},
@@ -70,20 +65,15 @@ TEST(GpsReader, OtherTags) {
         {"destination", [](Ifd& d) { d.Ascii(19, "N") .Rational(20, {{35, 1}, {39, 1}, {29, 1}}) .Rational(22, {{139, 1}, {4, 1}, {5, 1}}); }, {{"DestLatitudeRef", S("N")}, {"DestLatitude", S("35.39.29")}, {"DestLongitude", S("139.4.5")}}},
         {"reference after the angle", [](Ifd& d) { d.KeepOrder().Rational(2, {{1, 1}, {0, 1}, {0, 1}}).Ascii(1, "N"); }, {{"Latitude", S("北緯1度0分0秒")}, {"Latitude2", D(1.0)}}},
         {"zero denominators", [](Ifd& d) { d.Rational(2, {{1, 0}, {0, 0}, {0, 0}}).Rational(6, {{5, 0}}); }, {{"Latitude1B", D(0)}, {"Altitude", S("INF m")}}},
+        // clang-format on
     };
-    // clang-format on
     for (const auto order : BothOrders()) {
         for (const auto& c : cases) {
-            ExifJpegBuilder b(order);
-            b.Ifd0().Ascii(0x010F, "Maker");
+            ExifJpegBuilder b = WithMake(order);
             c.add(b.Gps());
             b.Gps().Short(27, {1}).Short(31, {1});  // unknown tags leave no trace
             Loaded l(b);
-            for (const auto& [key, value] : c.expect) {
-                const ExifValue* got = l.x.IFDg.Find(key);
-                ASSERT_NE(got, nullptr) << c.name << ": " << key;
-                EXPECT_EQ(*got, value) << c.name << ": " << key;
-            }
+            ExpectValues(l.x.IFDg, c.expect, c.name);
             for (const auto& item : l.x.IFDg)
                 EXPECT_EQ(item.key.find("27"), std::string::npos) << item.key;
         }

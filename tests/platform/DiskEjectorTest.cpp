@@ -41,91 +41,59 @@ TEST(DiskEjectorTest, RunReturnsExitCodesSignalsAndTimeouts) {
     EXPECT_EQ(DiskEjector::Run({"sleep", "30"}, 100ms), 124);
 }
 
-// A folder of stand-ins for gio, udisksctl, findmnt and umount that log their arguments one
-// a line, so that a split argument shows.
-class EjectScript : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        ASSERT_FALSE(dir_.path().empty());
-        fs::create_directory(bin_);
-    }
-
-    void Tool(const std::string& name, const std::string& code, const std::string& output = "") {
-        const fs::path file = bin_ / name;
-        std::ofstream(file) << "#!/bin/sh\n"
-                            << "{ printf '%s' '" << name
-                            << "'; for a in \"$@\"; do printf ' [%s]' \"$a\"; done; echo; } >> '"
-                            << log_.string() << "'\n"
-                            << (output.empty() ? "" : "echo '" + output + "'\n") << "exit " << code
-                            << "\n";
-        fs::permissions(file, fs::perms::owner_all);
-    }
-
-    int Eject(const std::vector<std::string>& args) {
-        std::vector<std::string> argv{"/usr/bin/env", "PATH=" + bin_.string(), "/bin/sh",
-                                      script_.string()};
-        argv.insert(argv.end(), args.begin(), args.end());
-        return DiskEjector::Run(argv, 10s);
-    }
-
-    std::string Log() const {
-        std::ifstream in(log_);
+// Runs the real script with PATH holding only stand-ins for gio, udisksctl, findmnt and umount
+// that log their arguments, each in brackets so that a split argument shows.
+TEST(DiskEjectorTest, ScriptTriesGioThenUdisksThenUmount) {
+    struct Tool {
+        std::string name, code, output = "";
+    };
+    const std::string card = "/media/ann/EOS DIGITAL";
+    const std::string gio = "gio [mount] [-e] [" + card + "]\n";
+    const std::string udisks = "findmnt [-n] [-o] [SOURCE] [--mountpoint] [" + card +
+                               "]\nudisksctl [unmount] [-b] [/dev/sdb1] [--no-user-interaction]\n";
+    const std::string umount = "umount [" + card + "]\n";
+    const Tool findmnt{"findmnt", "0", "/dev/sdb1"};
+    // clang-format off
+    const struct {
+        const char* name;
+        std::vector<Tool> tools;
+        std::vector<std::string> args;
+        int code;
+        std::string log;
+    } cases[] = {
+        {"gio first", {{"gio", "0"}, {"udisksctl", "0"}, findmnt, {"umount", "0"}}, {card}, 0, gio},
+        // A reader that cannot be powered off: the card is unmounted and safe to pull all the same.
+        {"udisks when gio fails", {{"gio", "1"}, {"udisksctl", "$([ \"$1\" = power-off ] && echo 1 || echo 0)"}, findmnt, {"umount", "0"}},
+         {card}, 0, gio + udisks + "udisksctl [power-off] [-b] [/dev/sdb1] [--no-user-interaction]\n"},
+        {"umount alone", {{"umount", "0"}}, {card}, 0, umount},
+        // Every tool fails: the code of the last attempt comes back.
+        {"all fail", {{"gio", "5"}, {"udisksctl", "6"}, findmnt, {"umount", "32"}}, {card}, 32, gio + udisks + umount},
+        {"no mount point", {{"gio", "0"}, {"udisksctl", "0"}, findmnt, {"umount", "0"}}, {}, 2, ""},
+    };
+    // clang-format on
+    const fs::path script = fs::path(LUMIVEX_SOURCE_DIR) / "resources" / DiskEjector::kScriptName;
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        fixtures::ScratchDir dir("lvx-eject");
+        const fs::path bin = dir.path() / "bin", log = dir.path() / "log";
+        ASSERT_TRUE(fs::create_directory(bin));
+        for (const Tool& t : c.tools) {
+            std::ofstream(bin / t.name)
+                << "#!/bin/sh\n{ printf '%s' '" << t.name
+                << "'; for a in \"$@\"; do printf ' [%s]' \"$a\"; done; echo; } >> '"
+                << log.string() << "'\n"
+                << (t.output.empty() ? "" : "echo '" + t.output + "'\n") << "exit " << t.code
+                << "\n";
+            fs::permissions(bin / t.name, fs::perms::owner_all);
+        }
+        std::vector<std::string> argv{"/usr/bin/env", "PATH=" + bin.string(), "/bin/sh",
+                                      script.string()};
+        argv.insert(argv.end(), c.args.begin(), c.args.end());
+        EXPECT_EQ(DiskEjector::Run(argv, 10s), c.code);
         std::stringstream text;
-        text << in.rdbuf();
-        return text.str();
+        text << std::ifstream(log).rdbuf();
+        EXPECT_EQ(text.str(), c.log);
     }
-
-    fixtures::ScratchDir dir_{"lvx-eject"};
-    fs::path bin_ = dir_.path() / "bin";
-    fs::path log_ = dir_.path() / "log";
-    fs::path script_ = fs::path(LUMIVEX_SOURCE_DIR) / "resources" / DiskEjector::kScriptName;
-    const std::string card_ = "/media/ann/EOS DIGITAL";
-};
-
-TEST_F(EjectScript, GioFirst) {
-    Tool("gio", "0");
-    Tool("udisksctl", "0");
-    Tool("findmnt", "0", "/dev/sdb1");
-    Tool("umount", "0");
-    EXPECT_EQ(Eject({card_}), 0);
-    EXPECT_EQ(Log(), "gio [mount] [-e] [/media/ann/EOS DIGITAL]\n");
-}
-
-TEST_F(EjectScript, UdisksWhenGioFails) {
-    Tool("gio", "1");
-    // A reader that cannot be powered off: the card is unmounted and safe to pull all the same.
-    Tool("udisksctl", "$([ \"$1\" = power-off ] && echo 1 || echo 0)");
-    Tool("findmnt", "0", "/dev/sdb1");
-    Tool("umount", "0");
-    EXPECT_EQ(Eject({card_}), 0);
-    EXPECT_EQ(Log(),
-              "gio [mount] [-e] [/media/ann/EOS DIGITAL]\n"
-              "findmnt [-n] [-o] [SOURCE] [--mountpoint] [/media/ann/EOS DIGITAL]\n"
-              "udisksctl [unmount] [-b] [/dev/sdb1] [--no-user-interaction]\n"
-              "udisksctl [power-off] [-b] [/dev/sdb1] [--no-user-interaction]\n");
-}
-
-TEST_F(EjectScript, UmountAloneAndFailures) {
-    Tool("umount", "0");
-    EXPECT_EQ(Eject({card_}), 0);
-    EXPECT_EQ(Log(), "umount [/media/ann/EOS DIGITAL]\n");
-
-    // Every tool fails: the code of the last attempt comes back.
-    fs::remove(log_);
-    Tool("gio", "5");
-    Tool("udisksctl", "6");
-    Tool("findmnt", "0", "/dev/sdb1");
-    Tool("umount", "32");
-    EXPECT_EQ(Eject({card_}), 32);
-    EXPECT_EQ(Log(),
-              "gio [mount] [-e] [/media/ann/EOS DIGITAL]\n"
-              "findmnt [-n] [-o] [SOURCE] [--mountpoint] [/media/ann/EOS DIGITAL]\n"
-              "udisksctl [unmount] [-b] [/dev/sdb1] [--no-user-interaction]\n"
-              "umount [/media/ann/EOS DIGITAL]\n");
-
-    fs::remove(log_);
-    EXPECT_EQ(Eject({}), 2);
-    EXPECT_EQ(Log(), "");
 }
 
 }  // namespace

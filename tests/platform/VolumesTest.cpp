@@ -1,10 +1,10 @@
 // The volume list: which mounts each mode shows, their order, and the names rows show.
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
 
+#include "ScratchDir.h"
 #include "platform/DiskLabels.h"
 #include "platform/Volumes.h"
 
@@ -45,80 +45,55 @@ TEST(VolumesTest, ModesChooseTheMountsAUserCallsADisk) {
     // Another user's removable media stays hidden; without a user name /run/media is not shown.
     EXPECT_EQ(Volumes::ShownMountPoints(t, 0, "bob")[4], "/run/media/bob/OTHER");
     EXPECT_EQ(Volumes::ShownMountPoints(t, 0, "").size(), 4u);
-}
-
-TEST(VolumesTest, TheStartUpDiskIsListedEvenWithoutATable) {
+    // The start-up disk is listed even without a table.
     EXPECT_EQ(Volumes::ShownMountPoints(MountTable(), 0, "ann"), std::vector<std::string>{"/"});
     EXPECT_TRUE(Volumes::ShownMountPoints(MountTable(), 2, "ann").empty());
 }
 
-TEST(VolumesTest, TheModuleListCountsFromMinusOne) {
+// The module's list counts from -1; a backup destination goes last, or away in mode 0.
+TEST(VolumesTest, TheModuleListAndTheBackupDestination) {
     Volumes::gMakeVolumeList(2, MountTable(), "ann");
     EXPECT_EQ(Volumes::gVolumeCount(), -1);
     EXPECT_EQ(Volumes::gGetVolumeInfo(0), "");
-    Volumes::gMakeVolumeList(0, MountTable::Parse(kTable), "ann");
-    EXPECT_EQ(Volumes::gVolumeCount(), 4);
-    EXPECT_EQ(Volumes::gGetVolumeInfo(0), "/");
-    EXPECT_EQ(Volumes::gGetVolumeInfo(4), "/run/media/ann/CANON");
-    EXPECT_EQ(Volumes::gGetVolumeInfo(5), "");
     EXPECT_EQ(Volumes::GetTimeMachinePath(), "");
-}
-
-TEST(VolumesTest, ABackupDestinationGoesLastOrAway) {
     const struct {
-        int mode;
-        int count;
+        int mode, count;
         const char* last;
     } cases[] = {{0, 3, "/run/media/ann/CANON"}, {1, 4, "/media/share"}, {2, 15, "/media/share"}};
     for (const auto& c : cases) {
         Volumes::gMakeVolumeList(c.mode, MountTable::Parse(kTable), "ann");
+        EXPECT_EQ(Volumes::gGetVolumeInfo(0), "/") << c.mode;
         Volumes::SetTimeMachineFlag(c.mode, "/media/share");
         EXPECT_EQ(Volumes::gVolumeCount(), c.count) << c.mode;
-        EXPECT_EQ(Volumes::gGetVolumeInfo(Volumes::gVolumeCount()), c.last) << c.mode;
+        EXPECT_EQ(Volumes::gGetVolumeInfo(c.count), c.last) << c.mode;
+        EXPECT_EQ(Volumes::gGetVolumeInfo(c.count + 1), "") << c.mode;
     }
     Volumes::SetTimeMachineFlag(1, "");
     EXPECT_EQ(Volumes::gVolumeCount(), 15);
 }
 
-class LabelTest : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        dir_ = fs::temp_directory_path() / ("lumivex-labels-" + std::to_string(::getpid()));
-        fs::remove_all(dir_);
-        fs::create_directories(dir_ / "by-label");
-        fs::create_directories(dir_ / "by-uuid");
-        for (const char* dev : {"sda2", "sdb1", "sdc1"})
-            std::ofstream(dir_ / dev) << "";
-        fs::create_symlink("../sdb1", dir_ / "by-label" / "EOS\\x20DIGITAL");
-        fs::create_symlink("../sda2", dir_ / "by-label" / "root\\x2fdisk");
-        fs::create_symlink("../sdb1", dir_ / "by-uuid" / "1234-ABCD");
-    }
-    void TearDown() override { fs::remove_all(dir_); }
-
-    std::string Dev(const char* name) const { return (dir_ / name).string(); }
-    fs::path dir_;
-};
-
-TEST_F(LabelTest, LabelsFollowLinksAndDecodeEscapes) {
-    const DiskLabels labels(dir_ / "by-label");
-    EXPECT_EQ(labels.LabelOf(Dev("sdb1")), "EOS DIGITAL");
-    EXPECT_EQ(labels.LabelOf(Dev("by-uuid/1234-ABCD")), "EOS DIGITAL");
-    EXPECT_EQ(labels.LabelOf(Dev("sdc1")), "");
+TEST(VolumesTest, LabelsFollowLinksAndNamesFallBackToTheLastPartOfThePath) {
+    fixtures::ScratchDir scratch("lvx-labels");
+    const fs::path& dir = scratch.path();
+    auto dev = [&](const char* name) { return (dir / name).string(); };
+    fs::create_directories(dir / "by-label");
+    fs::create_directories(dir / "by-uuid");
+    for (const char* d : {"sda2", "sdb1", "sdc1"})
+        std::ofstream(dir / d) << "";
+    fs::create_symlink("../sdb1", dir / "by-label" / "EOS\\x20DIGITAL");
+    fs::create_symlink("../sda2", dir / "by-label" / "root\\x2fdisk");
+    fs::create_symlink("../sdb1", dir / "by-uuid" / "1234-ABCD");
+    const DiskLabels labels(dir / "by-label"), none(dir / "missing");
+    EXPECT_EQ(labels.LabelOf(dev("sdb1")), "EOS DIGITAL");
+    EXPECT_EQ(labels.LabelOf(dev("by-uuid/1234-ABCD")), "EOS DIGITAL");
+    EXPECT_EQ(labels.LabelOf(dev("sdc1")), "");
     EXPECT_EQ(labels.LabelOf("tmpfs"), "");
     EXPECT_EQ(DiskLabels::Decode("a\\x20b\\x2"), "a b\\x2");
     EXPECT_EQ(DiskLabels::Decode("\\xzz\\x41"), "\\xzzA");
-}
 
-TEST_F(LabelTest, VolumeNamesFallBackToTheLastPartOfThePath) {
-    const MountTable t = MountTable::Parse("1 0 8:2 / / rw - ext4 " + Dev("sda2") +
-                                           " rw\n"
-                                           "2 1 8:17 / /media/ann/CARD rw - vfat " +
-                                           Dev("sdb1") +
-                                           " rw\n"
-                                           "3 1 8:33 / /media/ann/NO\\040NAME rw - vfat " +
-                                           Dev("sdc1") + " rw\n");
-    const DiskLabels labels(dir_ / "by-label");
-    const DiskLabels none(dir_ / "missing");
+    const MountTable t = MountTable::Parse(
+        "1 0 8:2 / / rw - ext4 " + dev("sda2") + " rw\n2 1 8:17 / /media/ann/CARD rw - vfat " +
+        dev("sdb1") + " rw\n3 1 8:33 / /media/ann/NO\\040NAME rw - vfat " + dev("sdc1") + " rw\n");
     const struct {
         const char* mount;
         const DiskLabels& labels;

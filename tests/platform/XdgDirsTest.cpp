@@ -1,11 +1,12 @@
 // The Desktop folder of the XDG user-dirs file.
 #include <gtest/gtest.h>
 #include <stdlib.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
+#include <optional>
 
+#include "ScratchDir.h"
 #include "platform/XdgDirs.h"
 
 namespace lumivex {
@@ -14,7 +15,6 @@ namespace {
 namespace fs = std::filesystem;
 
 TEST(XdgDirsTest, ParsesTheDesktopLine) {
-    const fs::path home = "/home/ann";
     const struct {
         const char* text;
         std::optional<fs::path> dir;
@@ -34,59 +34,40 @@ TEST(XdgDirsTest, ParsesTheDesktopLine) {
         {"", std::nullopt},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(XdgDirs::ParseUserDir(c.text, "XDG_DESKTOP_DIR", home), c.dir) << c.text;
+        EXPECT_EQ(XdgDirs::ParseUserDir(c.text, "XDG_DESKTOP_DIR", "/home/ann"), c.dir) << c.text;
 }
 
-// Points HOME and XDG_CONFIG_HOME at a scratch folder for one case, and puts them back.
-class DesktopDirTest : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        dir_ = fs::temp_directory_path() / ("lumivex-xdg-" + std::to_string(::getpid()));
-        fs::remove_all(dir_);
-        fs::create_directories(dir_ / "config");
-        Save("HOME", oldHome_);
-        Save("XDG_CONFIG_HOME", oldConfig_);
-        ::setenv("HOME", dir_.c_str(), 1);
-        ::setenv("XDG_CONFIG_HOME", (dir_ / "config").c_str(), 1);
+// Sets an environment variable for one test and puts the old value back.
+struct EnvVar {
+    EnvVar(const char* n, const std::string& value) : name(n) {
+        if (const char* v = ::getenv(n)) saved = v;
+        ::setenv(n, value.c_str(), 1);
     }
-    void TearDown() override {
-        Restore("HOME", oldHome_);
-        Restore("XDG_CONFIG_HOME", oldConfig_);
-        fs::remove_all(dir_);
-    }
-    void UserDirs(const std::string& text) const {
-        std::ofstream(dir_ / "config" / "user-dirs.dirs") << text;
-    }
-
-    fs::path dir_;
-
-  private:
-    static void Save(const char* name, std::optional<std::string>& out) {
-        if (const char* v = ::getenv(name)) out = v;
-    }
-    static void Restore(const char* name, const std::optional<std::string>& value) {
-        if (value)
-            ::setenv(name, value->c_str(), 1);
-        else
-            ::unsetenv(name);
-    }
-    std::optional<std::string> oldHome_, oldConfig_;
+    ~EnvVar() { saved ? ::setenv(name, saved->c_str(), 1) : ::unsetenv(name); }
+    const char* name;
+    std::optional<std::string> saved;
 };
 
-TEST_F(DesktopDirTest, UsesTheFileThenTheDefaultAndOnlyWhatExists) {
+TEST(XdgDirsTest, DesktopDirUsesTheFileThenTheDefaultAndOnlyWhatExists) {
+    fixtures::ScratchDir scratch("lvx-xdg");
+    const fs::path& dir = scratch.path();
+    fs::create_directories(dir / "config");
+    EnvVar home("HOME", dir), config("XDG_CONFIG_HOME", dir / "config");
+    auto userDirs = [&](const char* text) { std::ofstream(dir / "config/user-dirs.dirs") << text; };
+
     EXPECT_EQ(XdgDirs::DesktopDir(), fs::path());  // nothing exists yet
-    fs::create_directory(dir_ / "Desktop");
-    EXPECT_EQ(XdgDirs::DesktopDir(), dir_ / "Desktop");
-    UserDirs("XDG_DESKTOP_DIR=\"$HOME/Schreibtisch\"\n");
+    fs::create_directory(dir / "Desktop");
+    EXPECT_EQ(XdgDirs::DesktopDir(), dir / "Desktop");
+    userDirs("XDG_DESKTOP_DIR=\"$HOME/Schreibtisch\"\n");
     EXPECT_EQ(XdgDirs::DesktopDir(), fs::path());  // named but missing: no default
-    fs::create_directory(dir_ / "Schreibtisch");
-    EXPECT_EQ(XdgDirs::DesktopDir(), dir_ / "Schreibtisch");
-    UserDirs("XDG_DESKTOP_DIR=\"$HOME/\"\n");
+    fs::create_directory(dir / "Schreibtisch");
+    EXPECT_EQ(XdgDirs::DesktopDir(), dir / "Schreibtisch");
+    userDirs("XDG_DESKTOP_DIR=\"$HOME/\"\n");
     EXPECT_EQ(XdgDirs::DesktopDir(), fs::path());  // switched off
-    UserDirs("XDG_DESKTOP_DIR=broken\n");
-    EXPECT_EQ(XdgDirs::DesktopDir(), dir_ / "Desktop");
+    userDirs("XDG_DESKTOP_DIR=broken\n");
+    EXPECT_EQ(XdgDirs::DesktopDir(), dir / "Desktop");
     ::setenv("XDG_CONFIG_HOME", "relative", 1);
-    EXPECT_EQ(XdgDirs::ConfigHome(), dir_ / ".config");
+    EXPECT_EQ(XdgDirs::ConfigHome(), dir / ".config");
 }
 
 }  // namespace
