@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <sstream>
 
 #include "ExifTestSupport.h"
 #include "exif/ExifReport.h"
@@ -10,17 +11,11 @@ namespace lumivex::test {
 namespace {
 
 std::vector<std::string> Lines(const std::string& text) {
+    EXPECT_TRUE(text.empty() || text.back() == '\r') << "text must end with a carriage return";
     std::vector<std::string> lines;
-    std::string line;
-    for (char c : text) {
-        if (c == '\r') {
-            lines.push_back(line);
-            line.clear();
-        } else {
-            line += c;
-        }
-    }
-    EXPECT_TRUE(line.empty()) << "text must end with a carriage return";
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line, '\r');)
+        lines.push_back(line);
     return lines;
 }
 

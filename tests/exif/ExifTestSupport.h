@@ -29,15 +29,10 @@ class Loaded {
     Bytes bytes_;
 };
 
-inline ExifValue I(std::int64_t v) {
-    return ExifValue(v);
-}
-inline ExifValue D(double v) {
-    return ExifValue(v);
-}
-inline ExifValue S(std::string v) {
-    return ExifValue(std::move(v));
-}
+// Stored values by kind: whole number, number, text.
+inline const auto I = [](std::int64_t v) { return ExifValue(v); };
+inline const auto D = [](double v) { return ExifValue(v); };
+inline const auto S = [](std::string v) { return ExifValue(std::move(v)); };
 
 inline std::vector<fixtures::ByteOrder> BothOrders() {
     return {fixtures::ByteOrder::Little, fixtures::ByteOrder::Big};

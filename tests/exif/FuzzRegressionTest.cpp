@@ -81,10 +81,7 @@ TEST(FuzzRegression, CraftedAndFoundInputs) {
         // A directory count of 65535 over two real entries: the table must not grow past the
         // bytes the file holds (checked for every case), and the real entries still count.
         {"IFD0 claims 65535 entries", MM, [](auto& b) { b.Ifd0().CountField(0xFFFF); },
-         [](const FuzzRun& r) {
-             EXPECT_EQ(r.tags.IFD0_Max, 0xFFFFU);
-             EXPECT_EQ(Text(r.tags.IFD0, "Make"), "Seed");
-         }},
+         [](const FuzzRun& r) { EXPECT_EQ(r.tags.IFD0_Max, 0xFFFFU); EXPECT_EQ(Text(r.tags.IFD0, "Make"), "Seed"); }},
         // A text of 4 Gi characters starting at IFD0: it ends with the file.
         {"text count 0xFFFFFFFF", II, [](auto& b) { b.Ifd0().RawValue(0x010E, ASCII, 0xFFFFFFFF, 8); },
          [](const FuzzRun& r) {
