@@ -18,6 +18,7 @@
 #include "browser/Prompter.h"
 #include "browser/ThumbnailCanvas.h"
 #include "browser/Window1.h"
+#include "core/HeapTuning.h"
 #include "core/Settings.h"
 
 namespace {
@@ -64,6 +65,7 @@ double Ms(const QElapsedTimer& t) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    lumivex::TuneHeapForScans();  // as the program does
     qputenv("QT_QPA_PLATFORM",
             qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
     QApplication app(argc, argv);

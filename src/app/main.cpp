@@ -11,6 +11,7 @@
 #include "app/App.h"
 #include "browser/QtPrompter.h"
 #include "browser/Window1.h"
+#include "core/HeapTuning.h"
 
 namespace {
 
@@ -42,6 +43,7 @@ void RouteSignalsToClose(lumivex::Window1& window) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    lumivex::TuneHeapForScans();
     QApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication qapp(argc, argv);

@@ -1,5 +1,4 @@
 // lumivex: the headless command over the core library.
-#include <malloc.h>
 
 #include <cstdio>
 #include <string>
@@ -8,6 +7,7 @@
 #include "cli/InfoCommand.h"
 #include "cli/ScanCommand.h"
 #include "cli/ThumbsCommand.h"
+#include "core/HeapTuning.h"
 
 namespace {
 
@@ -25,11 +25,7 @@ void Usage(std::FILE* to) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // A scan frees a thumbnail for every file it reads and allocates the next at once. By
-    // default the allocator hands freed memory above 128 KiB back to the kernel, which then has
-    // to fault the same pages in again, which doubled the CPU time of a scan; a few tens of MiB
-    // kept for reuse are nothing to a command that runs for seconds.
-    mallopt(M_TRIM_THRESHOLD, 64 * 1024 * 1024);
+    lumivex::TuneHeapForScans();
     std::vector<std::string> args(argv + 1, argv + argc);
     if (args.empty() || args[0] == "--help" || args[0] == "-h") {
         Usage(args.empty() ? stderr : stdout);
