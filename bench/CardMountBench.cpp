@@ -16,29 +16,16 @@
 #include <string>
 #include <vector>
 
+#include "BenchWindow.h"
 #include "RealisticCamera.h"
-#include "browser/Prompter.h"
 #include "browser/ThumbnailCanvas.h"
 #include "browser/Window1.h"
 #include "core/HeapTuning.h"
-#include "core/Settings.h"
 #include "sidebar/NSOutlineView.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-class QuietPrompter : public lumivex::Prompter {
-  public:
-    int Caution(QWidget*, const lumivex::CautionRequest&, bool) override { return kCancel; }
-    void Message(QWidget*, const QString& text) override {
-        std::fprintf(stderr, "message: %s\n", qPrintable(text));
-    }
-    std::optional<QString> SaveFile(QWidget*, const QString&, const QString&) override {
-        return std::nullopt;
-    }
-    std::optional<QString> ChooseFolder(QWidget*, const QString&) override { return std::nullopt; }
-};
 
 // The card's files, on a tmpfs of their own at `stage`.
 bool MakeCard(const fs::path& stage, int n) {
@@ -77,14 +64,9 @@ int main(int argc, char** argv) {
         return 2;
     }
 
-    lumivex::Settings prefs;
-    prefs.InitAll();
-    QuietPrompter prompter;
-    lumivex::Window1 w(prefs, prompter);
-    w.InitApp();
-    w.resize(1280, 800);
-    w.show();
-    if (!QTest::qWaitForWindowExposed(&w)) return 1;
+    bench::BenchWindow window;
+    if (!window.Show()) return 1;
+    lumivex::Window1& w = window.Window();
     const std::string folder = (point / "DCIM" / "100BENCH").string();
     lumivex::NSOutlineView* outline = w.Outline();
 

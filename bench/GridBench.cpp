@@ -14,32 +14,15 @@
 #include <filesystem>
 #include <vector>
 
+#include "BenchWindow.h"
 #include "RealisticCamera.h"
-#include "browser/Prompter.h"
 #include "browser/ThumbnailCanvas.h"
 #include "browser/Window1.h"
 #include "core/HeapTuning.h"
-#include "core/Settings.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-// Nothing is asked during the measurement; a question would be a fault.
-class NoPrompter : public lumivex::Prompter {
-  public:
-    int Caution(QWidget*, const lumivex::CautionRequest& r, bool) override {
-        std::fprintf(stderr, "unexpected question: %s\n", qPrintable(r.message));
-        return kCancel;
-    }
-    void Message(QWidget*, const QString& text) override {
-        std::fprintf(stderr, "unexpected message: %s\n", qPrintable(text));
-    }
-    std::optional<QString> SaveFile(QWidget*, const QString&, const QString&) override {
-        return std::nullopt;
-    }
-    std::optional<QString> ChooseFolder(QWidget*, const QString&) override { return std::nullopt; }
-};
 
 fs::path MakeCard(int n) {
     const fs::path dir = fs::current_path() / ("bench-grid-" + std::to_string(n));
@@ -72,14 +55,9 @@ int main(int argc, char** argv) {
     const int n = argc > 1 ? std::max(1, std::atoi(argv[1])) : 5000;
     const fs::path card = MakeCard(n);
 
-    lumivex::Settings prefs;
-    prefs.InitAll();
-    NoPrompter prompter;
-    lumivex::Window1 w(prefs, prompter);
-    w.InitApp();
-    w.resize(1280, 800);
-    w.show();
-    if (!QTest::qWaitForWindowExposed(&w)) return 1;
+    bench::BenchWindow window;
+    if (!window.Show()) return 1;
+    lumivex::Window1& w = window.Window();
 
     // The folder is read once untimed, so that the timed run finds it in the page cache.
     QSignalSpy done(&w, &lumivex::Window1::scanFinished);
