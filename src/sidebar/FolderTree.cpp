@@ -183,16 +183,18 @@ int FolderTree::InsertVolumeRow(const std::string& path) {
     return -1;
 }
 
+int FolderTree::TopIndexOfPath(const std::string& path) const {
+    for (std::size_t i = 1; i < dataArray_.size(); ++i)
+        if (dataArray_[i]->path == path) return static_cast<int>(i);
+    return -1;
+}
+
 std::unique_ptr<RowRecord> FolderTree::RemoveRowOfPath(const std::string& path, int& index) {
-    for (std::size_t i = 1; i < dataArray_.size(); ++i) {
-        if (dataArray_[i]->path != path) continue;
-        std::unique_ptr<RowRecord> row = std::move(dataArray_[i]);
-        dataArray_.erase(dataArray_.begin() + static_cast<std::ptrdiff_t>(i));
-        index = static_cast<int>(i);
-        return row;
-    }
-    index = -1;
-    return nullptr;
+    index = TopIndexOfPath(path);
+    if (index < 0) return nullptr;
+    std::unique_ptr<RowRecord> row = std::move(dataArray_[static_cast<std::size_t>(index)]);
+    dataArray_.erase(dataArray_.begin() + index);
+    return row;
 }
 
 }  // namespace lumivex

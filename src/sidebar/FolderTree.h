@@ -68,6 +68,8 @@ class FolderTree {
     // Mount events: a new volume row goes right after the last volume row; returns its index,
     // or -1 (nothing inserted) when there is no volume row.
     int InsertVolumeRow(const std::string& path);
+    // The index of the top-level row whose "path" is `path` (index 1 up); -1 when none.
+    int TopIndexOfPath(const std::string& path) const;
     // Removes the top-level row whose "path" is `path` (index 1 up) and hands it back, with
     // its index in `index`; nullptr and -1 when there is none.
     std::unique_ptr<RowRecord> RemoveRowOfPath(const std::string& path, int& index);

@@ -144,12 +144,9 @@ void NSOutlineView::getPost(VolumeEvent event, const std::string& path) {
         model_->Rebuild([&] { index = tree_->InsertVolumeRow(path); });
         mode = index > 0 ? 1 : 0;
     } else {
-        const auto& rows = tree_->DataArray();
-        for (std::size_t i = 1; i < rows.size(); ++i) {
-            if (rows[i]->path != path) continue;
-            DiscloseExpandLost(*rows[i], RowOfIndex(model_->index(static_cast<int>(i), 0)));
-            break;
-        }
+        if (const int i = tree_->TopIndexOfPath(path); i > 0)
+            DiscloseExpandLost(*tree_->DataArray()[static_cast<std::size_t>(i)],
+                               RowOfIndex(model_->index(i, 0)));
         std::unique_ptr<RowRecord> removed;
         model_->Rebuild([&] { removed = tree_->RemoveRowOfPath(path, index); });
         mode = removed ? 2 : 0;
