@@ -4,8 +4,8 @@
 #include <QTest>
 #include <cstdio>
 
+#include "browser/MainWindow.h"
 #include "browser/Prompter.h"
-#include "browser/Window1.h"
 #include "core/Settings.h"
 
 namespace bench {
@@ -36,12 +36,12 @@ class BenchWindow {
         w_.show();
         return QTest::qWaitForWindowExposed(&w_);
     }
-    lumivex::Window1& Window() { return w_; }
+    lumivex::MainWindow& Window() { return w_; }
 
   private:
     lumivex::Settings prefs_;
     NoPrompter prompter_;
-    lumivex::Window1 w_{prefs_, prompter_};
+    lumivex::MainWindow w_{prefs_, prompter_};
 };
 
 }  // namespace bench

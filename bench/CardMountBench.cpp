@@ -18,10 +18,10 @@
 
 #include "BenchWindow.h"
 #include "RealisticCamera.h"
+#include "browser/MainWindow.h"
 #include "browser/ThumbnailCanvas.h"
-#include "browser/Window1.h"
 #include "core/HeapTuning.h"
-#include "sidebar/NSOutlineView.h"
+#include "sidebar/SidebarView.h"
 
 namespace {
 
@@ -66,9 +66,9 @@ int main(int argc, char** argv) {
 
     bench::BenchWindow window;
     if (!window.Show()) return 1;
-    lumivex::Window1& w = window.Window();
+    lumivex::MainWindow& w = window.Window();
     const std::string folder = (point / "DCIM" / "100BENCH").string();
-    lumivex::NSOutlineView* outline = w.Outline();
+    lumivex::SidebarView* outline = w.Outline();
 
     std::vector<double> times;
     fs::create_directories(point);

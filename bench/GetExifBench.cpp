@@ -6,7 +6,7 @@
 #include <string>
 
 #include "RealisticCamera.h"
-#include "exif/exifGPS.h"
+#include "exif/ExifReader.h"
 
 namespace {
 
@@ -23,7 +23,7 @@ fs::path MakeFile(fixtures::ByteOrder order) {
 void BM_GetExif(benchmark::State& state) {
     const auto order = state.range(0) == 0 ? fixtures::ByteOrder::Little : fixtures::ByteOrder::Big;
     const fs::path file = MakeFile(order);
-    lumivex::exifGPS x;
+    lumivex::ExifReader x;
     x.fitem = file;
     for (auto _ : state) {
         x.GetExif();
@@ -38,7 +38,7 @@ BENCHMARK(BM_GetExif)->Arg(0)->Arg(1)->ArgNames({"bigEndian"});
 
 void BM_GetInfo(benchmark::State& state) {
     const fs::path file = MakeFile(fixtures::ByteOrder::Little);
-    lumivex::exifGPS x;
+    lumivex::ExifReader x;
     x.fitem = file;
     x.GetExif();
     std::string s1, s2, s3, s4, s5, s6;

@@ -16,8 +16,8 @@
 
 #include "BenchWindow.h"
 #include "RealisticCamera.h"
+#include "browser/MainWindow.h"
 #include "browser/ThumbnailCanvas.h"
-#include "browser/Window1.h"
 #include "core/HeapTuning.h"
 
 namespace {
@@ -57,10 +57,10 @@ int main(int argc, char** argv) {
 
     bench::BenchWindow window;
     if (!window.Show()) return 1;
-    lumivex::Window1& w = window.Window();
+    lumivex::MainWindow& w = window.Window();
 
     // The folder is read once untimed, so that the timed run finds it in the page cache.
-    QSignalSpy done(&w, &lumivex::Window1::scanFinished);
+    QSignalSpy done(&w, &lumivex::MainWindow::scanFinished);
     w.SelFolder1(card.string());
     if (!done.wait(120000)) return 1;
 

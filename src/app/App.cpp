@@ -1,7 +1,7 @@
 #include "app/App.h"
 
+#include "browser/MainWindow.h"
 #include "browser/Prompter.h"
-#include "browser/Window1.h"
 #include "core/FileServices.h"
 
 namespace lumivex {
@@ -26,9 +26,9 @@ LoadResult App::InitApp() {
     return r;
 }
 
-Window1* App::MakeWindow() {
-    window_ = std::make_unique<Window1>(prefs_, prompter_);
-    connect(window_.get(), &Window1::closing, this, &App::CloseApp);
+MainWindow* App::MakeWindow() {
+    window_ = std::make_unique<MainWindow>(prefs_, prompter_);
+    connect(window_.get(), &MainWindow::closing, this, &App::CloseApp);
     window_->InitApp();
     window_->show();
     return window_.get();

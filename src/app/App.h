@@ -13,7 +13,7 @@
 namespace lumivex {
 
 class Prompter;
-class Window1;
+class MainWindow;
 
 class App : public QObject {
     Q_OBJECT
@@ -26,7 +26,7 @@ class App : public QObject {
     // The defaults, then the settings file over them; a folder without a file is said.
     LoadResult InitApp();
     // Makes and shows the main window and runs its start.
-    Window1* MakeWindow();
+    MainWindow* MakeWindow();
     // A folder given to the program: extracted in a batch, then the process ends. Returns
     // the exit status.
     int Event_OpenDocument(const std::filesystem::path& item);
@@ -34,14 +34,14 @@ class App : public QObject {
     void CloseApp();
 
     Settings& Prefs() { return prefs_; }
-    Window1* MainWindow() const { return window_.get(); }
+    MainWindow* Window() const { return window_.get(); }
     const std::filesystem::path& SettingsFolder() const { return folder_; }
 
   private:
     Prompter& prompter_;
     std::filesystem::path folder_;
     Settings prefs_;
-    std::unique_ptr<Window1> window_;
+    std::unique_ptr<MainWindow> window_;
 };
 
 }  // namespace lumivex

@@ -9,8 +9,8 @@
 #include <csignal>
 
 #include "app/App.h"
+#include "browser/MainWindow.h"
 #include "browser/QtPrompter.h"
-#include "browser/Window1.h"
 #include "core/HeapTuning.h"
 
 namespace {
@@ -24,7 +24,7 @@ void OnSignal(int) {
 
 // Signals arrive on a socket that the event loop watches: the handler itself does nothing
 // that is unsafe in a signal.
-void RouteSignalsToClose(lumivex::Window1& window) {
+void RouteSignalsToClose(lumivex::MainWindow& window) {
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, gSignalFd) != 0) return;
     auto* notifier = new QSocketNotifier(gSignalFd[0], QSocketNotifier::Read, &window);
     QObject::connect(notifier, &QSocketNotifier::activated, &window, [&window] {
@@ -57,7 +57,7 @@ int main(int argc, char** argv) {
     const QStringList args = QApplication::arguments();
     if (args.size() > 1) return app.Event_OpenDocument(args.at(1).toStdString());
 
-    lumivex::Window1* window = app.MakeWindow();
+    lumivex::MainWindow* window = app.MakeWindow();
     RouteSignalsToClose(*window);
     return QApplication::exec();
 }

@@ -7,8 +7,8 @@
 #include "cli/JsonWriter.h"
 #include "cli/OrderedParallel.h"
 #include "core/DisplayText.h"
+#include "exif/ExifReader.h"
 #include "exif/ExifReport.h"
-#include "exif/exifGPS.h"
 
 namespace lumivex {
 namespace {
@@ -49,7 +49,7 @@ void Flush(std::string& buffer, std::FILE* out, bool force) {
 
 }  // namespace
 
-void InfoCommand::AppendJson(const std::string& file, const exifGPS& x, std::string& out) const {
+void InfoCommand::AppendJson(const std::string& file, const ExifReader& x, std::string& out) const {
     JsonWriter json(out);
     json.Raw("{\"file\":");
     json.Text(file);
@@ -61,7 +61,7 @@ void InfoCommand::AppendJson(const std::string& file, const exifGPS& x, std::str
     out += "}\n";
 }
 
-void InfoCommand::AppendText(const std::string& file, const exifGPS& x, std::string& out) const {
+void InfoCommand::AppendText(const std::string& file, const ExifReader& x, std::string& out) const {
     out += "== " + DisplayText(file) + " ==\n";
     if (!x.ret) {
         out += "Exif情報がありません。\n\n";
@@ -99,13 +99,13 @@ int InfoCommand::Run(const std::vector<std::string>& args, std::FILE* out, std::
         std::string text;
     };
     const unsigned threads = std::max(1u, std::min(4u, std::thread::hardware_concurrency()));
-    std::vector<exifGPS> readers(threads);
+    std::vector<ExifReader> readers(threads);
     int status = 0;
     std::string buffer;
     OrderedParallel<FileResult>::Run(
         files.size(), threads,
         [&](unsigned worker, std::size_t i, FileResult& r) {
-            exifGPS& x = readers[worker];
+            ExifReader& x = readers[worker];
             x.fitem = files[i];
             x.InitVal();
             x.ret = x.LoadFile();

@@ -6,7 +6,7 @@
 
 namespace lumivex {
 
-class exifGPS;
+class ExifReader;
 
 class InfoCommand {
   public:
@@ -14,8 +14,8 @@ class InfoCommand {
     int Run(const std::vector<std::string>& args, std::FILE* out, std::FILE* err);
 
   private:
-    void AppendJson(const std::string& file, const exifGPS& x, std::string& out) const;
-    void AppendText(const std::string& file, const exifGPS& x, std::string& out) const;
+    void AppendJson(const std::string& file, const ExifReader& x, std::string& out) const;
+    void AppendText(const std::string& file, const ExifReader& x, std::string& out) const;
 };
 
 }  // namespace lumivex

@@ -10,7 +10,7 @@
 #include "cli/OrderedParallel.h"
 #include "cli/ProgressLine.h"
 #include "core/OutputFile.h"
-#include "exif/exifGPS.h"
+#include "exif/ExifReader.h"
 #include "scan/BatchExtractor.h"
 #include "scan/FolderScan.h"
 
@@ -78,7 +78,7 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
         std::string why;
     };
     const unsigned threads = std::max(1u, std::min(4u, std::thread::hardware_concurrency()));
-    std::vector<exifGPS> readers(threads);
+    std::vector<ExifReader> readers(threads);
     for (auto& x : readers)
         x.ReadAllTags = false;
     std::size_t written = 0, skipped = 0;
@@ -98,7 +98,7 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
                 r.why = SkipReasonText(SkipReason::NotAnImageName);
                 return;
             }
-            exifGPS& x = readers[w];
+            ExifReader& x = readers[w];
             x.fitem = o.folder / names[i];
             x.InitVal();
             const bool loaded = x.LoadFile();

@@ -7,7 +7,7 @@
 #include <mutex>
 #include <thread>
 
-#include "exif/exifGPS.h"
+#include "exif/ExifReader.h"
 
 namespace lumivex {
 namespace {
@@ -25,11 +25,11 @@ std::vector<std::string> ListNames(const std::filesystem::path& folder) {
     return names;
 }
 
-SkipReason ReasonOf(exifGPS::Outcome outcome) {
+SkipReason ReasonOf(ExifReader::Outcome outcome) {
     switch (outcome) {
-        case exifGPS::Outcome::Unreadable:
+        case ExifReader::Outcome::Unreadable:
             return SkipReason::Unreadable;
-        case exifGPS::Outcome::NoExif:
+        case ExifReader::Outcome::NoExif:
             return SkipReason::NoExif;
         default:
             return SkipReason::NoThumbnail;
@@ -82,7 +82,7 @@ struct Shared {
 FolderScan::FolderScan(std::filesystem::path folder, ScanOptions options)
     : folder_(std::move(folder)), options_(std::move(options)), names_(ListNames(folder_)) {}
 
-void FolderScan::Read(exifGPS& x, std::size_t i, Slot& slot) const {
+void FolderScan::Read(ExifReader& x, std::size_t i, Slot& slot) const {
     if (!options_.filter.Accepts(names_[i])) {
         slot.reason = SkipReason::NotAnImageName;
         return;
@@ -107,8 +107,8 @@ ScanStats FolderScan::Run(const ItemHandler& onItem, const SkipHandler& onSkip) 
     Shared shared;
     unsigned threads = options_.threads ? options_.threads : std::thread::hardware_concurrency();
     threads = std::clamp<unsigned>(threads, 1, 16);
-    std::vector<exifGPS> readers(threads);
-    for (exifGPS& x : readers) {
+    std::vector<ExifReader> readers(threads);
+    for (ExifReader& x : readers) {
         x.Orientation = options_.orientation;
         x.NoThumb = options_.noThumb;
         x.ReadAllTags = false;
@@ -187,7 +187,7 @@ ScanStats FolderScan::Run(const ItemHandler& onItem, const SkipHandler& onSkip) 
         shared.helperCv.notify_all();
     }
     helpers.clear();
-    for (exifGPS& x : readers)
+    for (ExifReader& x : readers)
         stats.bytesRead += x.Source().BytesRead();
     return stats;
 }

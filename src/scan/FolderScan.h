@@ -15,7 +15,7 @@
 
 namespace lumivex {
 
-class exifGPS;
+class ExifReader;
 
 struct ScanStats {
     std::size_t entries = 0;      // entries of the folder
@@ -54,7 +54,7 @@ class FolderScan {
   private:
     struct Slot;
     // Reads entry i with reader x into its slot.
-    void Read(exifGPS& x, std::size_t i, Slot& slot) const;
+    void Read(ExifReader& x, std::size_t i, Slot& slot) const;
 
     std::filesystem::path folder_;
     ScanOptions options_;

@@ -7,7 +7,7 @@
 #include <system_error>
 
 #include "core/Globals.h"
-#include "exif/exifGPS.h"
+#include "exif/ExifReader.h"
 #include "platform/Volumes.h"
 
 namespace lumivex {
@@ -158,7 +158,7 @@ bool FolderTree::HasSubFolder(const std::string& path) {
 
 std::string FolderTree::HasExifFile(const std::string& path) const {
     if (!options_.markExif || path.empty()) return "false";
-    exifGPS reader;
+    ExifReader reader;
     reader.NoThumb = options_.noThumb;
     reader.ReadAllTags = false;
     reader.Orientation = false;

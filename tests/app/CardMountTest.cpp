@@ -14,9 +14,9 @@
 #include "ScratchDir.h"
 #include "ScriptedPrompter.h"
 #include "app/App.h"
-#include "browser/Window1.h"
+#include "browser/MainWindow.h"
 #include "platform/MountTable.h"
-#include "sidebar/NSOutlineView.h"
+#include "sidebar/SidebarView.h"
 
 namespace lumivex {
 namespace {
@@ -82,7 +82,7 @@ class CardMountTest : public ::testing::Test {
     void TearDown() override { app_.reset(); }
 
     bool ShowsCard(const Card& card, std::size_t pictures) {
-        NSOutlineView* o = w_->Outline();
+        SidebarView* o = w_->Outline();
         return QTest::qWaitFor(
             [&] {
                 return o->PathOfRow(o->selectedRow) == card.Folder() && !w_->ScanRunning() &&
@@ -91,7 +91,7 @@ class CardMountTest : public ::testing::Test {
             20000);
     }
     bool Cleared() {
-        NSOutlineView* o = w_->Outline();
+        SidebarView* o = w_->Outline();
         return QTest::qWaitFor(
             [&] {
                 return o->RowOfPath(point_.string()) < 0 && o->selectedRow == -1 &&
@@ -105,7 +105,7 @@ class CardMountTest : public ::testing::Test {
     fs::path point_ = fs::path("/media") / ("LVX CARD " + std::to_string(::getpid()));
     ScriptedPrompter prompter_;
     std::unique_ptr<App> app_;
-    Window1* w_ = nullptr;
+    MainWindow* w_ = nullptr;
 };
 
 TEST_F(CardMountTest, CardsComeAndGoWhileTheProgramRunsAndTheQuitEjectsTheLast) {
@@ -113,7 +113,7 @@ TEST_F(CardMountTest, CardsComeAndGoWhileTheProgramRunsAndTheQuitEjectsTheLast) 
         Card card(point_);
         if (!card.Insert(40)) GTEST_SKIP() << "this system does not allow mounts";
         ASSERT_TRUE(ShowsCard(card, 40)) << "round " << round;
-        NSOutlineView* o = w_->Outline();
+        SidebarView* o = w_->Outline();
         EXPECT_EQ(o->gFI, point_.string());
         EXPECT_TRUE(o->isExpanded(o->IndexOfRow(o->RowOfPath(point_.string()))));
         card.Pull();

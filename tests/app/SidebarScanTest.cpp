@@ -14,10 +14,10 @@
 #include "ScratchDir.h"
 #include "ScriptedPrompter.h"
 #include "app/App.h"
+#include "browser/MainWindow.h"
 #include "browser/ThumbnailCanvas.h"
-#include "browser/Window1.h"
 #include "core/Settings.h"
-#include "sidebar/NSOutlineView.h"
+#include "sidebar/SidebarView.h"
 
 namespace lumivex {
 namespace {
@@ -44,7 +44,7 @@ class SidebarScanTest : public ::testing::Test {
     }
     void TearDown() override { app_.reset(); }
     int RowOf(const fs::path& path) const {
-        NSOutlineView* o = w_->Outline();
+        SidebarView* o = w_->Outline();
         for (int r = 0; r < o->VisibleRowCount(); ++r)
             if (o->PathOfRow(r) == path.string()) return r;
         return -1;
@@ -55,15 +55,15 @@ class SidebarScanTest : public ::testing::Test {
     fs::path desktop_;
     ScriptedPrompter prompter_;
     std::unique_ptr<App> app_;
-    Window1* w_ = nullptr;
+    MainWindow* w_ = nullptr;
 };
 
 TEST_F(SidebarScanTest, RowSelectionScansAndAClickBelowTheRowsClears) {
     EXPECT_EQ(RowOf(desktop_ / "tmp"), -1);
     const int row = RowOf(desktop_ / "Card");
     ASSERT_GT(row, 0);
-    NSOutlineView* o = w_->Outline();
-    QSignalSpy done(w_, &Window1::scanFinished);
+    SidebarView* o = w_->Outline();
+    QSignalSpy done(w_, &MainWindow::scanFinished);
     const QRect rect = o->visualRect(o->IndexOfRow(row));
     QTest::mouseClick(o->viewport(), Qt::LeftButton, Qt::NoModifier, rect.center());
     ASSERT_TRUE(done.wait(10000));
@@ -83,7 +83,7 @@ TEST_F(SidebarScanTest, RowSelectionScansAndAClickBelowTheRowsClears) {
 }
 
 TEST_F(SidebarScanTest, RestingPointerNamesCutLabelsAndMenuFollowsSelection) {
-    QSignalSpy done(w_, &Window1::scanFinished);
+    QSignalSpy done(w_, &MainWindow::scanFinished);
     w_->SelFolder1((desktop_ / "Card").string());
     ASSERT_TRUE(done.wait(10000));
     w_->Canvas()->repaint();  // painting finds which labels had to be cut
@@ -132,12 +132,12 @@ TEST_F(SidebarScanTest, ACardFoundDuringAScanTakesOverTheGrid) {
     // The scan has started and not been collected when the card's volume appears.
     w_->SelFolder1((desktop_ / "Big").string());
     ASSERT_TRUE(w_->ScanRunning());
-    w_->Outline()->getPost(NSOutlineView::VolumeEvent::Mount, card.string());
+    w_->Outline()->getPost(SidebarView::VolumeEvent::Mount, card.string());
     ASSERT_TRUE(
         QTest::qWaitFor([&] { return !w_->ScanRunning() && w_->Items().size() == 3; }, 10000))
         << w_->Items().size() << " items";
     EXPECT_EQ(w_->Items()[0].fname, "DSC_0000.JPG");
-    NSOutlineView* o = w_->Outline();
+    SidebarView* o = w_->Outline();
     EXPECT_EQ(o->PathOfRow(o->selectedRow), (card / "DCIM" / "100TEST").string());
 }
 
@@ -149,7 +149,7 @@ TEST_F(SidebarScanTest, TheQuitEjectsOnlyAStillMountedCardAndSaysWhatWentWrong) 
         out << "echo \"$1\" >> '" << log.string() << "'\nexit 3\n";
     }
     w_->SetEjectScript(script);
-    NSOutlineView* o = w_->Outline();
+    SidebarView* o = w_->Outline();
     Settings& prefs = app_->Prefs();
 
     // Off in the settings, no card found, or the card gone: nothing runs.

@@ -63,7 +63,7 @@ TEST(ContainerWalk, DirectoriesPresentAbsentAndReused) {
     withAll.Gps().Ascii(0x0012, "WGS-84");
     withAll.JpegThumbnail(16, 8);
     const Bytes bytesAll = withAll.Build(), bytesBare = WithMake().Build();
-    exifGPS x;
+    ExifReader x;
     x.fbytes = bytesAll;
     x.GetExif();
     ASSERT_TRUE(x.ret);
@@ -125,7 +125,7 @@ TEST(ContainerWalk, FilesThatCannotBeRead) {
     std::ofstream(empty).close();
     ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
     WithMake().Write(good);
-    exifGPS x;
+    ExifReader x;
     for (const auto& p : {tiff, empty, fifo, dir.path() / "missing.jpg", dir.path(), good}) {
         x.fitem = p;
         x.GetExif();  // a FIFO must not block and a folder must not open
@@ -155,7 +155,7 @@ TEST(ContainerWalk, FileReadsMatchMemoryWhereverValuesLie) {
             if (c.cut) b.TruncateAt(*c.cut);
             const auto file = dir.path() / "f.jpg";
             b.Write(file);
-            exifGPS fromFile, fromMemory;
+            ExifReader fromFile, fromMemory;
             fromFile.fitem = file;
             const Bytes bytes = b.Build();
             fromMemory.fbytes = bytes;

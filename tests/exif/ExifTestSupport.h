@@ -1,5 +1,5 @@
 #pragma once
-// Reads a fixture through exifGPS straight from memory, as the scan reads a file's head.
+// Reads a fixture through ExifReader straight from memory, as the scan reads a file's head.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "ExifJpegBuilder.h"
-#include "exif/exifGPS.h"
+#include "exif/ExifReader.h"
 
 namespace lumivex::test {
 
@@ -23,7 +23,7 @@ class Loaded {
         x.GetExif();
     }
     fixtures::Layout layout;
-    exifGPS x;
+    ExifReader x;
 
   private:
     Bytes bytes_;
@@ -46,7 +46,7 @@ inline fixtures::ExifJpegBuilder WithMake(fixtures::ByteOrder order = fixtures::
     return b;
 }
 
-inline std::array<std::string, 6> Infos(const exifGPS& x) {
+inline std::array<std::string, 6> Infos(const ExifReader& x) {
     std::array<std::string, 6> s;
     x.GetInfo(s[0], s[1], s[2], s[3], s[4], s[5]);
     return s;

@@ -17,7 +17,7 @@ using fixtures::ExifJpegBuilder;
 
 struct FuzzRun {
     std::size_t size = 0;
-    exifGPS tags;  // after GetExif
+    ExifReader tags;  // after GetExif
     bool thumbRet = false, placeholderRet = false, saveRet = false;
     Picture placeholder;
     // The size of the block the export was asked for, and of the embedded block.
@@ -44,7 +44,7 @@ void RunLikeFuzzer(const Bytes& bytes, FuzzRun& r) {
     }
     for (const auto* dir : {&r.tags.IFD0_Dir, &r.tags.IFD1_Dir, &r.tags.IFDe_Dir, &r.tags.IFDg_Dir})
         EXPECT_LE(dir->size(), r.size / 12 + 1);
-    exifGPS x;
+    ExifReader x;
     x.fbytes = bytes;
     x.GetThumbNail();
     r.thumbRet = x.ret;
@@ -190,7 +190,7 @@ TEST(FuzzRegression, DamagedThumbnailShowsNoStaleMemory) {
     for (const std::uint8_t junk : {0xAA, 0x55, 0x00}) {
         // Freed memory of the thumbnail's size, filled with junk, for the decoder to be given.
         { Bytes stale(5920 * 3, junk); }
-        exifGPS x;
+        ExifReader x;
         x.fbytes = bytes;
         x.GetThumbNail();
         ASSERT_TRUE(x.ret);

@@ -33,7 +33,7 @@ struct Extracted {
 };
 
 Extracted Thumb(const Bytes& bytes, bool orientation, bool noThumb) {
-    exifGPS x;
+    ExifReader x;
     x.fbytes = bytes;
     x.Orientation = orientation;
     x.NoThumb = noThumb;
@@ -151,7 +151,7 @@ TEST(Thumbnail, ExportBytesNamesCancelAndSource) {
             const fixtures::Layout layout = b.Write(source);
             const auto sourceBytes = Read(source);
             const auto thumbStart = sourceBytes.begin() + layout.thumbStart;
-            exifGPS x;
+            ExifReader x;
             x.fitem = source;
             std::string suggested, type;
             x.SaveThumbNail([&](const ThumbnailBlock& block) {

@@ -13,13 +13,13 @@
 #include <span>
 #include <string>
 
+#include "exif/ExifReader.h"
 #include "exif/ExifReport.h"
-#include "exif/exifGPS.h"
 
 namespace {
 
 using lumivex::ExifDict;
-using lumivex::exifGPS;
+using lumivex::ExifReader;
 
 void Require(bool ok, const char* what) {
     if (ok) return;
@@ -36,7 +36,7 @@ std::size_t Lines(const std::string& text) {
 
 // No directory can hold more entries than the bytes it stands on, plus the one zero entry
 // that stands for all the entries past the end of the file.
-void CheckDirectories(const exifGPS& x, std::size_t size) {
+void CheckDirectories(const ExifReader& x, std::size_t size) {
     const std::size_t bound = size / 12 + 1;
     for (const auto* dir : {&x.IFD0_Dir, &x.IFD1_Dir, &x.IFDe_Dir, &x.IFDg_Dir})
         Require(dir->size() <= bound, "a directory table larger than the input");
@@ -53,7 +53,7 @@ void WalkKeys(const ExifDict& d, std::size_t size) {
     }
 }
 
-void FuzzGetExif(exifGPS& x, std::span<const std::uint8_t> bytes) {
+void FuzzGetExif(ExifReader& x, std::span<const std::uint8_t> bytes) {
     x.fbytes = bytes;
     x.GetExif();
     CheckDirectories(x, bytes.size());
@@ -72,7 +72,7 @@ void FuzzGetExif(exifGPS& x, std::span<const std::uint8_t> bytes) {
         WalkKeys(*d, bytes.size());
 }
 
-void FuzzGetThumbNail(exifGPS& x, std::span<const std::uint8_t> bytes, bool flags) {
+void FuzzGetThumbNail(ExifReader& x, std::span<const std::uint8_t> bytes, bool flags) {
     x.fbytes = bytes;
     x.Orientation = flags;
     x.NoThumb = flags;
@@ -87,13 +87,13 @@ void FuzzGetThumbNail(exifGPS& x, std::span<const std::uint8_t> bytes, bool flag
     if (!flags) Require(x.Rotate == 0, "a turn with the switch off");
 }
 
-void FuzzSaveThumbNail(exifGPS& x, std::span<const std::uint8_t> bytes) {
+void FuzzSaveThumbNail(ExifReader& x, std::span<const std::uint8_t> bytes) {
     x.fbytes = bytes;
     bool asked = false;
     // Cancels every time: the fuzzer never writes a file.
     x.SaveThumbNail(
         [&](const lumivex::ThumbnailBlock& block) -> std::optional<std::filesystem::path> {
-            Require(block.bytes.size() <= exifGPS::kMaxThumbnailBytes,
+            Require(block.bytes.size() <= ExifReader::kMaxThumbnailBytes,
                     "an export block beyond the cap");
             Require(block.bytes.size() <= bytes.size(), "an export block longer than the input");
             asked = true;
@@ -102,7 +102,7 @@ void FuzzSaveThumbNail(exifGPS& x, std::span<const std::uint8_t> bytes) {
     if (asked) Require(x.ret, "a cancelled export that failed");
 }
 
-void FuzzEmbeddedThumbnail(exifGPS& x, std::span<const std::uint8_t> bytes) {
+void FuzzEmbeddedThumbnail(ExifReader& x, std::span<const std::uint8_t> bytes) {
     x.fbytes = bytes;
     x.InitVal();
     if (x.LoadFile()) {
@@ -124,7 +124,7 @@ void FuzzFileMatchesMemory(std::span<const std::uint8_t> bytes, bool flags) {
         if (w <= 0) return;
         done += static_cast<std::size_t>(w);
     }
-    exifGPS file, memory;
+    ExifReader file, memory;
     file.fitem = "/proc/self/fd/" + std::to_string(fd);
     memory.fbytes = bytes;
     file.GetExif();
@@ -137,7 +137,7 @@ void FuzzFileMatchesMemory(std::span<const std::uint8_t> bytes, bool flags) {
         for (int k = 0; k < 6; ++k)
             Require(f[k] == m[k], "a file and its bytes in memory give different reports");
     }
-    for (exifGPS* x : {&file, &memory}) {
+    for (ExifReader* x : {&file, &memory}) {
         x->Orientation = flags;
         x->NoThumb = flags;
         x->GetThumbNail();
@@ -154,7 +154,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // The first byte is never looked at by the walk, so its low bit can pick the switches
     // without changing what the engine reads.
     const bool flags = size > 0 && (data[0] & 1) != 0;
-    exifGPS x;  // one object for all calls, as a scan reuses it file after file
+    ExifReader x;  // one object for all calls, as a scan reuses it file after file
     FuzzGetExif(x, bytes);
     FuzzGetThumbNail(x, bytes, flags);
     FuzzSaveThumbNail(x, bytes);

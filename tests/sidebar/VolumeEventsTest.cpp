@@ -7,13 +7,13 @@
 #include "SidebarTestSupport.h"
 #include "core/Settings.h"
 #include "sidebar/FolderTree.h"
-#include "sidebar/NSOutlineView.h"
 #include "sidebar/SidebarModel.h"
+#include "sidebar/SidebarView.h"
 
 namespace lumivex {
 namespace {
 
-using Event = NSOutlineView::VolumeEvent;
+using Event = SidebarView::VolumeEvent;
 
 class VolumeEventsTest : public ::testing::Test {
   protected:
@@ -25,10 +25,10 @@ class VolumeEventsTest : public ::testing::Test {
         card_.Picture("DCIM/100CANON/IMG_0001.JPG");
         scoped_ = std::make_unique<test::ScopedHome>(home_);
         prefs_.InitAll();
-        view_ = std::make_unique<NSOutlineView>(prefs_);
+        view_ = std::make_unique<SidebarView>(prefs_);
         view_->resize(240, 600);
         view_->show();
-        QObject::connect(view_.get(), &NSOutlineView::selectionDidChange,
+        QObject::connect(view_.get(), &SidebarView::selectionDidChange,
                          [this](int row, const QString& path) {
                              seen_.emplace_back(row, path.toStdString());
                              autoSeen_.push_back(view_->AutoSelecting());
@@ -55,7 +55,7 @@ class VolumeEventsTest : public ::testing::Test {
 
     test::ScratchTree home_, v1_, v2_, v3_, card_;
     Settings prefs_;
-    std::unique_ptr<NSOutlineView> view_;
+    std::unique_ptr<SidebarView> view_;
     std::vector<std::pair<int, std::string>> seen_;
     std::vector<bool> autoSeen_;
     std::unique_ptr<test::ScopedHome> scoped_;

@@ -8,11 +8,11 @@
 #include "core/NoThumbPicture.h"
 #include "core/OutputFile.h"
 #include "core/RotateImage.h"
-#include "exif/exifGPS.h"
+#include "exif/ExifReader.h"
 
 namespace lumivex {
 
-void exifGPS::GetThumbNail() {
+void ExifReader::GetThumbNail() {
     InitVal();
     ret = LoadFile();
     outcome = !src_.IsOpen() ? Outcome::Unreadable : !ret ? Outcome::NoExif : Outcome::NoThumbnail;
@@ -36,7 +36,8 @@ void exifGPS::GetThumbNail() {
 
 // The bytes of [IFD1[start] + offset, + IFD1[length]) that the file holds, at most
 // kMaxThumbnailBytes of them; nothing when a key is missing or the length is beyond the cap.
-std::optional<std::vector<std::uint8_t>> exifGPS::ReadBlock(const char* start, const char* length) {
+std::optional<std::vector<std::uint8_t>> ExifReader::ReadBlock(const char* start,
+                                                               const char* length) {
     const auto pos = IFD1.Number(start);
     const auto len = IFD1.Number(length);
     if (!pos || !len || *pos < 0 || *len < 0 || *len > static_cast<double>(kMaxThumbnailBytes))
@@ -45,7 +46,7 @@ std::optional<std::vector<std::uint8_t>> exifGPS::ReadBlock(const char* start, c
                       kMaxThumbnailBytes);
 }
 
-bool exifGPS::GetThumbNailJPEG() {
+bool ExifReader::GetThumbNailJPEG() {
     const auto block = ReadBlock("JPEGInterchangeFormat", "JPEGInterchangeFormatLength");
     if (!block) return false;
     Picture pic = JpegCodec::Decode(*block);
@@ -54,7 +55,7 @@ bool exifGPS::GetThumbNailJPEG() {
     return true;
 }
 
-bool exifGPS::GetThumbNailTIFF() {
+bool ExifReader::GetThumbNailTIFF() {
     const auto block = ReadBlock("StripOffsets", "StripByteCounts");
     if (!block) return false;
     // A decoder first, as for any picture file; bare strips have no header and fall through.
@@ -68,7 +69,7 @@ bool exifGPS::GetThumbNailTIFF() {
 
 // Bare strip data: one strip of 8-bit RGB, rows top first. Its stated size must be exactly
 // width x height x 3; bytes the file does not hold read as black.
-bool exifGPS::GetThumbNailTIFFalt(std::span<const std::uint8_t> strips) {
+bool ExifReader::GetThumbNailTIFFalt(std::span<const std::uint8_t> strips) {
     const auto planar = IFD1.Integer("PlanarConfiguration");
     const auto w = IFD1.Number("ImageWidth");
     const auto h = IFD1.Number("ImageLength");
@@ -91,14 +92,14 @@ bool exifGPS::GetThumbNailTIFFalt(std::span<const std::uint8_t> strips) {
     return true;
 }
 
-void exifGPS::GetThumbNailNoThumb() {
+void ExifReader::GetThumbNailNoThumb() {
     Picture pic = MakeNoThumbPicture();
     if (pic.IsNull()) return;
     Thumbnail = std::move(pic);
     ret = true;
 }
 
-void exifGPS::GetThumbNailOrientation() {
+void ExifReader::GetThumbNailOrientation() {
     Rotate = 0;
     if (Thumbnail.IsNull() || !Orientation) return;
     const auto value = IFD1.Integer("Orientation");
@@ -109,7 +110,7 @@ void exifGPS::GetThumbNailOrientation() {
     Rotate = turn;
 }
 
-std::optional<ThumbnailBlock> exifGPS::EmbeddedThumbnail() {
+std::optional<ThumbnailBlock> ExifReader::EmbeddedThumbnail() {
     const auto compression = IFD1.Integer("Compression");
     if (!compression) return std::nullopt;
     const bool jpeg = *compression == 6;
@@ -131,7 +132,7 @@ std::optional<ThumbnailBlock> exifGPS::EmbeddedThumbnail() {
     return block;
 }
 
-void exifGPS::SaveThumbNail(const SaveTarget& ask) {
+void ExifReader::SaveThumbNail(const SaveTarget& ask) {
     InitVal();
     ret = LoadFile();
     if (ret) {
@@ -145,19 +146,20 @@ void exifGPS::SaveThumbNail(const SaveTarget& ask) {
     src_.Close();
 }
 
-bool exifGPS::SaveThumbNailJPEG(const SaveTarget& ask) {
+bool ExifReader::SaveThumbNailJPEG(const SaveTarget& ask) {
     if (IFD1.Integer("Compression") != 6) return false;
     return WriteExport(EmbeddedThumbnail(), ask);
 }
 
-bool exifGPS::SaveThumbNailTIFF(const SaveTarget& ask) {
+bool ExifReader::SaveThumbNailTIFF(const SaveTarget& ask) {
     if (IFD1.Integer("Compression") == 6) return false;
     return WriteExport(EmbeddedThumbnail(), ask);
 }
 
 // The user's answer is written in full or not at all; a target that is the source file
 // itself (or a link to it) is refused, so that an export never destroys a picture.
-bool exifGPS::WriteExport(const std::optional<ThumbnailBlock>& block, const SaveTarget& ask) const {
+bool ExifReader::WriteExport(const std::optional<ThumbnailBlock>& block,
+                             const SaveTarget& ask) const {
     if (!block) return false;
     const auto target = ask(*block);
     if (!target) return true;

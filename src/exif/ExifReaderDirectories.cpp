@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "exif/ExifReader.h"
 #include "exif/ExifTagTable.h"
-#include "exif/exifGPS.h"
 
 namespace lumivex {
 namespace {
@@ -29,7 +29,7 @@ std::vector<bool> OverwrittenLater(const std::vector<DirEntry>& dir) {
 
 class DirectoryReader {
   public:
-    DirectoryReader(exifGPS& x, ByteSource& s, std::uint32_t code, Which which)
+    DirectoryReader(ExifReader& x, ByteSource& s, std::uint32_t code, Which which)
         : x_(x), s_(s), code_(code), which_(which) {}
 
     void Run(const std::vector<DirEntry>& dir, std::span<const TagRow> rows, ExifDict& out) {
@@ -75,7 +75,7 @@ class DirectoryReader {
         return {};
     }
 
-    exifGPS& x_;
+    ExifReader& x_;
     ByteSource& s_;
     std::uint32_t code_;
     Which which_;
@@ -95,7 +95,7 @@ void DirectoryReader::Rational(const std::string& key, std::size_t i, std::size_
 void DirectoryReader::SubjectArea(const DirEntry& e, std::size_t i, ExifDict& out) {
     if (e.count == 2) {
         std::int64_t x = 0, y = 0;
-        exifGPS::ByteToShortR(e.offset, code_, x, y);
+        ExifReader::ByteToShortR(e.offset, code_, x, y);
         out.Set("SubjectAreaX", x);
         out.Set("SubjectAreaY", y);
     } else if (e.count == 3 || e.count == 4) {
@@ -114,10 +114,10 @@ void DirectoryReader::Apply(const TagRow& row, const DirEntry& e, std::size_t i,
     const std::string key = row.key;
     switch (row.read) {
         case TagRead::Short:
-            out.Set(key, exifGPS::ByteToShort(e.offset, code_));
+            out.Set(key, ExifReader::ByteToShort(e.offset, code_));
             break;
         case TagRead::ShortOrLong:
-            if (e.type == kShort) out.Set(key, exifGPS::ByteToShort(e.offset, code_));
+            if (e.type == kShort) out.Set(key, ExifReader::ByteToShort(e.offset, code_));
             if (e.type == kLong) out.Set(key, static_cast<double>(e.offset));
             break;
         case TagRead::ValueField:
@@ -127,7 +127,7 @@ void DirectoryReader::Apply(const TagRow& row, const DirEntry& e, std::size_t i,
             if (e.type == kLong) {
                 out.Set(key, static_cast<double>(e.offset));
             } else {
-                out.Set(key, exifGPS::ByteToShort(e.offset, code_));
+                out.Set(key, ExifReader::ByteToShort(e.offset, code_));
             }
             break;
         case TagRead::Mark:
@@ -143,20 +143,20 @@ void DirectoryReader::Apply(const TagRow& row, const DirEntry& e, std::size_t i,
             Rational(key, i, 1, out);
             break;
         case TagRead::Char:
-            out.Set(key, exifGPS::ByteToChar(e.offset, code_));
+            out.Set(key, ExifReader::ByteToChar(e.offset, code_));
             break;
         case TagRead::Low7Bits:
-            out.Set(key, exifGPS::ByteTo3Bit(e.offset, code_));
+            out.Set(key, ExifReader::ByteTo3Bit(e.offset, code_));
             break;
         case TagRead::Digits4:
-            out.Set(key, exifGPS::ByteToLong(e.offset, code_));
+            out.Set(key, ExifReader::ByteToLong(e.offset, code_));
             break;
         case TagRead::Chars4:
-            out.Set(key, exifGPS::ByteToASCIIe2(e.offset, code_));
+            out.Set(key, ExifReader::ByteToASCIIe2(e.offset, code_));
             break;
         case TagRead::ShortPair: {
             std::int64_t first = 0, second = 0;
-            exifGPS::ByteToShortR(e.offset, code_, first, second);
+            ExifReader::ByteToShortR(e.offset, code_, first, second);
             out.Set(key + "X", first);
             out.Set(key + "Y", second);
             break;
@@ -170,7 +170,7 @@ void DirectoryReader::Apply(const TagRow& row, const DirEntry& e, std::size_t i,
             out.Set(key, x_.ByteToComment(s_, i));
             break;
         case TagRead::Iso:
-            out.Set(e.count == 1 ? key : key + "M", exifGPS::ByteToShort(e.offset, code_));
+            out.Set(e.count == 1 ? key : key + "M", ExifReader::ByteToShort(e.offset, code_));
             break;
         case TagRead::SubjectArea:
             SubjectArea(e, i, out);
@@ -182,15 +182,15 @@ void DirectoryReader::Apply(const TagRow& row, const DirEntry& e, std::size_t i,
 
 }  // namespace
 
-void exifGPS::LoadFileIFD0(ByteSource& s, std::uint32_t code) {
+void ExifReader::LoadFileIFD0(ByteSource& s, std::uint32_t code) {
     DirectoryReader(*this, s, code, Which::Ifd0).Run(IFD0_Dir, Ifd0Rows(), IFD0);
 }
 
-void exifGPS::LoadFileIFD1(ByteSource& s, std::uint32_t code) {
+void ExifReader::LoadFileIFD1(ByteSource& s, std::uint32_t code) {
     DirectoryReader(*this, s, code, Which::Ifd1).Run(IFD1_Dir, Ifd1Rows(), IFD1);
 }
 
-void exifGPS::LoadFileIFDexif(ByteSource& s, std::uint32_t code) {
+void ExifReader::LoadFileIFDexif(ByteSource& s, std::uint32_t code) {
     DirectoryReader(*this, s, code, Which::Exif).Run(IFDe_Dir, ExifRows(), IFDe);
 }
 

@@ -9,15 +9,15 @@
 #include "SidebarTestSupport.h"
 #include "core/Settings.h"
 #include "sidebar/FolderTree.h"
-#include "sidebar/NSOutlineView.h"
 #include "sidebar/SidebarDelegate.h"
 #include "sidebar/SidebarModel.h"
+#include "sidebar/SidebarView.h"
 
 namespace lumivex {
 namespace {
 
 // Puts the user's Desktop in a scratch home for one case.
-class NSOutlineViewTest : public ::testing::Test {
+class SidebarViewTest : public ::testing::Test {
   protected:
     void SetUp() override {
         home_.Dirs({"config", "Desktop/Alpha/One", "Desktop/Alpha/Two", "Desktop/Beta"});
@@ -27,12 +27,12 @@ class NSOutlineViewTest : public ::testing::Test {
         prefs_.gPref[6] = 0x00AA33;
     }
     // The display row whose path is `rel` under the Desktop; -1 when it is not shown.
-    static int RowOf(const NSOutlineView& view, const std::string& path) {
+    static int RowOf(const SidebarView& view, const std::string& path) {
         for (int r = 0; r < view.VisibleRowCount(); ++r)
             if (view.PathOfRow(r) == path) return r;
         return -1;
     }
-    static QPoint Centre(NSOutlineView& view, int row) {
+    static QPoint Centre(SidebarView& view, int row) {
         return view.visualRect(view.IndexOfRow(row)).center();
     }
 
@@ -41,8 +41,8 @@ class NSOutlineViewTest : public ::testing::Test {
     std::unique_ptr<test::ScopedHome> scoped_;
 };
 
-TEST_F(NSOutlineViewTest, RowsAreNineteenPixelsUnderAHeaderWithoutHeaderBar) {
-    NSOutlineView view(prefs_);
+TEST_F(SidebarViewTest, RowsAreNineteenPixelsUnderAHeaderWithoutHeaderBar) {
+    SidebarView view(prefs_);
     view.resize(240, 400);
     view.show();
     EXPECT_TRUE(view.isHeaderHidden());
@@ -66,12 +66,12 @@ TEST_F(NSOutlineViewTest, RowsAreNineteenPixelsUnderAHeaderWithoutHeaderBar) {
     EXPECT_EQ(delegate->TextColor(view.IndexOfRow(beta)), QColor(0x12, 0x34, 0x56));
 }
 
-TEST_F(NSOutlineViewTest, SelectionIsReportedBeforeSelectedRowChanges) {
-    NSOutlineView view(prefs_);
+TEST_F(SidebarViewTest, SelectionIsReportedBeforeSelectedRowChanges) {
+    SidebarView view(prefs_);
     view.resize(240, 400);
     view.show();
     std::vector<std::tuple<int, std::string, int>> seen;  // row, path, selectedRow then
-    QObject::connect(&view, &NSOutlineView::selectionDidChange, [&](int row, const QString& path) {
+    QObject::connect(&view, &SidebarView::selectionDidChange, [&](int row, const QString& path) {
         seen.emplace_back(row, path.toStdString(), view.selectedRow);
     });
     const int alpha = RowOf(view, home_.Str("Desktop/Alpha"));
@@ -95,8 +95,8 @@ TEST_F(NSOutlineViewTest, SelectionIsReportedBeforeSelectedRowChanges) {
     EXPECT_TRUE(view.selectionModel()->selectedRows().isEmpty());
 }
 
-TEST_F(NSOutlineViewTest, OpeningARowLoadsItsChildrenAndRebuildClosesIt) {
-    NSOutlineView view(prefs_);
+TEST_F(SidebarViewTest, OpeningARowLoadsItsChildrenAndRebuildClosesIt) {
+    SidebarView view(prefs_);
     view.resize(240, 400);
     view.show();
     const int rows = view.VisibleRowCount();

@@ -1,4 +1,4 @@
-#include "sidebar/NSOutlineView.h"
+#include "sidebar/SidebarView.h"
 
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -15,7 +15,7 @@
 
 namespace lumivex {
 
-NSOutlineView::NSOutlineView(const Settings& prefs, QWidget* parent)
+SidebarView::SidebarView(const Settings& prefs, QWidget* parent)
     : QTreeView(parent),
       prefs_(prefs),
       tree_(std::make_unique<FolderTree>()),
@@ -36,7 +36,7 @@ NSOutlineView::NSOutlineView(const Settings& prefs, QWidget* parent)
         pal.setColor(group, QPalette::Highlight, QColor(204, 220, 242));
     setPalette(pal);
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &NSOutlineView::OnSelectionChanged);
+            &SidebarView::OnSelectionChanged);
     connect(this, &QTreeView::expanded, this,
             [this](const QModelIndex& i) { MarkExpand(i, true); });
     connect(this, &QTreeView::collapsed, this,
@@ -47,13 +47,13 @@ NSOutlineView::NSOutlineView(const Settings& prefs, QWidget* parent)
     monitor_ = std::make_unique<MountMonitor>();
     if (monitor_->Fd() >= 0) {
         lvNotif = new QSocketNotifier(monitor_->Fd(), QSocketNotifier::Exception, this);
-        connect(lvNotif, &QSocketNotifier::activated, this, &NSOutlineView::OnMountTableChanged);
+        connect(lvNotif, &QSocketNotifier::activated, this, &SidebarView::OnMountTableChanged);
     }
 }
 
-NSOutlineView::~NSOutlineView() = default;
+SidebarView::~SidebarView() = default;
 
-void NSOutlineView::MakeTable() {
+void SidebarView::MakeTable() {
     FolderTreeOptions options = FolderTreeOptions::FromSettings(prefs_);
     SetFolderColor(static_cast<int>(prefs_.gPref[6]));
     model_->Rebuild([&] {
@@ -62,15 +62,15 @@ void NSOutlineView::MakeTable() {
     });
 }
 
-void NSOutlineView::RemakeTable(bool /*flag*/) {
+void SidebarView::RemakeTable(bool /*flag*/) {
     MakeTable();
 }
 
-std::string NSOutlineView::PathOfRow(int row) const {
+std::string SidebarView::PathOfRow(int row) const {
     return IndexOfRow(row).data(SidebarModel::PathRole).toString().toStdString();
 }
 
-void NSOutlineView::SelectRow(int row) {
+void SidebarView::SelectRow(int row) {
     const QModelIndex index = IndexOfRow(row);
     if (!index.isValid() || !(index.flags() & Qt::ItemIsSelectable)) {
         clearSelection();
@@ -79,27 +79,27 @@ void NSOutlineView::SelectRow(int row) {
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
 }
 
-void NSOutlineView::SetFolderColor(int rgb) {
+void SidebarView::SetFolderColor(int rgb) {
     delegate_->SetFolderColor(QColor::fromRgb(static_cast<QRgb>(rgb & 0xFFFFFF)));
     viewport()->update();
 }
 
-FolderTree& NSOutlineView::Tree() {
+FolderTree& SidebarView::Tree() {
     return *tree_;
 }
 
-SidebarModel& NSOutlineView::Model() {
+SidebarModel& SidebarView::Model() {
     return *model_;
 }
 
-int NSOutlineView::VisibleRowCount() const {
+int SidebarView::VisibleRowCount() const {
     int count = 0;
     for (QModelIndex i = model_->index(0, 0); i.isValid(); i = indexBelow(i))
         ++count;
     return count;
 }
 
-int NSOutlineView::RowOfIndex(const QModelIndex& index) const {
+int SidebarView::RowOfIndex(const QModelIndex& index) const {
     if (!index.isValid()) return -1;
     int row = 0;
     for (QModelIndex i = model_->index(0, 0); i.isValid(); i = indexBelow(i), ++row)
@@ -107,7 +107,7 @@ int NSOutlineView::RowOfIndex(const QModelIndex& index) const {
     return -1;
 }
 
-QModelIndex NSOutlineView::IndexOfRow(int row) const {
+QModelIndex SidebarView::IndexOfRow(int row) const {
     if (row < 0) return {};
     QModelIndex i = model_->index(0, 0);
     for (; i.isValid() && row > 0; --row)
@@ -115,7 +115,7 @@ QModelIndex NSOutlineView::IndexOfRow(int row) const {
     return i;
 }
 
-int NSOutlineView::RowOfPath(const std::string& path) const {
+int SidebarView::RowOfPath(const std::string& path) const {
     int row = 0;
     for (QModelIndex i = model_->index(0, 0); i.isValid(); i = indexBelow(i), ++row)
         if (SidebarModel::RowOf(i)->path == path) return row;
@@ -124,7 +124,7 @@ int NSOutlineView::RowOfPath(const std::string& path) const {
 
 // ---- volume events ---------------------------------------------------------------------
 
-void NSOutlineView::OnMountTableChanged() {
+void SidebarView::OnMountTableChanged() {
     const MountChanges changes = monitor_->Check();
     // The kernel reports every mount; only those the volume list would show are volumes.
     const int mode = tree_->Options().volumeMode;
@@ -135,7 +135,7 @@ void NSOutlineView::OnMountTableChanged() {
         if (Volumes::Shows(e, mode, user)) getPost(VolumeEvent::Mount, e.mountPoint);
 }
 
-void NSOutlineView::getPost(VolumeEvent event, const std::string& path) {
+void SidebarView::getPost(VolumeEvent event, const std::string& path) {
     RecordSelection();
     const int scrolled = verticalScrollBar()->value();
     int mode = 0;
@@ -160,7 +160,7 @@ void NSOutlineView::getPost(VolumeEvent event, const std::string& path) {
 
 // Rows opened or closed above the selection since it was made have moved it; the recorded row
 // is brought up to date first.
-void NSOutlineView::RecordSelection() {
+void SidebarView::RecordSelection() {
     const QModelIndexList chosen = selectionModel()->selectedRows();
     if (!chosen.isEmpty()) {
         selectedRow = RowOfIndex(chosen.front());
@@ -170,18 +170,18 @@ void NSOutlineView::RecordSelection() {
     }
 }
 
-void NSOutlineView::RemoveObserver() {
+void SidebarView::RemoveObserver() {
     delete lvNotif;
     lvNotif = nullptr;
 }
 
 // ---- camera media ----------------------------------------------------------------------
 
-bool NSOutlineView::AutoSelect2(std::string_view name) {
+bool SidebarView::AutoSelect2(std::string_view name) {
     return CameraSearch::AutoSelect2(name);
 }
 
-void NSOutlineView::AutoSelect() {
+void SidebarView::AutoSelect() {
     const auto found = CameraSearch::Find(tree_->DataArray());
     if (!found) return;
     gFI = found->volume;
@@ -197,7 +197,7 @@ void NSOutlineView::AutoSelect() {
     scrollTo(folder);
 }
 
-QModelIndex NSOutlineView::ChildOfPath(const QModelIndex& parent, const std::string& path) const {
+QModelIndex SidebarView::ChildOfPath(const QModelIndex& parent, const std::string& path) const {
     if (parent.isValid() && model_->canFetchMore(parent)) model_->fetchMore(parent);
     for (int r = 0; r < model_->rowCount(parent); ++r) {
         const QModelIndex child = model_->index(r, 0, parent);
@@ -209,7 +209,7 @@ QModelIndex NSOutlineView::ChildOfPath(const QModelIndex& parent, const std::str
 // ---- open rows and the selection across a reload --------------------------------------
 
 // Opening a row shows its children next, so the walk reaches open rows inside open rows.
-void NSOutlineView::DiscloseExpand(int mode, int index) {
+void SidebarView::DiscloseExpand(int mode, int index) {
     for (QModelIndex i = IndexOfRow(1); i.isValid(); i = indexBelow(i))
         if (SidebarModel::RowOf(i)->expand == "true") expand(i);
     DiscloseExpandSel(mode, index);
@@ -218,7 +218,7 @@ void NSOutlineView::DiscloseExpand(int mode, int index) {
 // The rows above the changed one are as they were, so the row count shifts by one for the
 // rows after it. When open rows went with a removed volume the shift is larger; the folder's
 // path then finds it.
-void NSOutlineView::DiscloseExpandSel(int mode, int index) {
+void SidebarView::DiscloseExpandSel(int mode, int index) {
     if (selectedRow < 0) return;
     const int at = DisplayRowOfTop(index);
     int row = selectedRow;
@@ -231,12 +231,12 @@ void NSOutlineView::DiscloseExpandSel(int mode, int index) {
     RestoreSelection(row);
 }
 
-int NSOutlineView::DisplayRowOfTop(int index) const {
+int SidebarView::DisplayRowOfTop(int index) const {
     if (index >= model_->rowCount()) return VisibleRowCount();
     return RowOfIndex(model_->index(std::max(index, 0), 0));
 }
 
-void NSOutlineView::RestoreSelection(int row) {
+void SidebarView::RestoreSelection(int row) {
     // The same folder again: the window already shows it, and a new scan would only repeat it.
     const QModelIndex index = IndexOfRow(row);
     if (!index.isValid() || !(index.flags() & Qt::ItemIsSelectable)) {
@@ -249,7 +249,7 @@ void NSOutlineView::RestoreSelection(int row) {
     quiet_ = false;
 }
 
-void NSOutlineView::DiscloseExpandLost(const RowRecord& item, int row) {
+void SidebarView::DiscloseExpandLost(const RowRecord& item, int row) {
     if (row < 0 || selectedRow < 0) return;
     if (row == selectedRow) {
         selectedRow = -1;
@@ -259,7 +259,7 @@ void NSOutlineView::DiscloseExpandLost(const RowRecord& item, int row) {
     if (selectedRow > row && selectedRow <= row + n) selectedRow = -1;
 }
 
-int NSOutlineView::DiscloseExpandLost2(const RowRecord& item) {
+int SidebarView::DiscloseExpandLost2(const RowRecord& item) {
     if (!item.children || item.expand != "true") return 0;
     int n = 0;
     for (const auto& child : *item.children)
@@ -268,7 +268,7 @@ int NSOutlineView::DiscloseExpandLost2(const RowRecord& item) {
 }
 
 // The window's handler runs first and still sees the old selectedRow.
-void NSOutlineView::OnSelectionChanged() {
+void SidebarView::OnSelectionChanged() {
     const QModelIndexList chosen = selectionModel()->selectedRows();
     const QModelIndex index = chosen.isEmpty() ? QModelIndex() : chosen.front();
     const int row = RowOfIndex(index);
@@ -278,11 +278,11 @@ void NSOutlineView::OnSelectionChanged() {
     selectedRow = row;
 }
 
-void NSOutlineView::MarkExpand(const QModelIndex& index, bool open) {
+void SidebarView::MarkExpand(const QModelIndex& index, bool open) {
     model_->setData(index, open, SidebarModel::ExpandRole);
 }
 
-void NSOutlineView::mousePressEvent(QMouseEvent* event) {
+void SidebarView::mousePressEvent(QMouseEvent* event) {
     const QModelIndex index = indexAt(event->position().toPoint());
     if (!index.isValid()) {
         setFocus(Qt::MouseFocusReason);

@@ -24,7 +24,7 @@ struct ThumbnailBlock {
     std::string type;  // "image/jpeg" or "image/tiff"
 };
 
-class exifGPS {
+class ExifReader {
   public:
     // The largest thumbnail block read: far above any camera's (they live in a 64 KiB
     // segment), and a bound for a damaged length of up to 4 GiB.

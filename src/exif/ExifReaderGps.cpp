@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "core/NumberFormat.h"
-#include "exif/exifGPS.h"
+#include "exif/ExifReader.h"
 
 namespace lumivex {
 namespace {
@@ -67,13 +67,13 @@ Angle ToDegreesMinutesSeconds(double dn, double dd, double mn, double md, double
 
 class GpsReader {
   public:
-    GpsReader(exifGPS& x, ByteSource& s, std::uint32_t code) : x_(x), s_(s), code_(code) {}
+    GpsReader(ExifReader& x, ByteSource& s, std::uint32_t code) : x_(x), s_(s), code_(code) {}
 
     void Apply(const DirEntry& e, std::size_t i);
 
   private:
     void Letter(const char* key, const DirEntry& e) {
-        const auto c = exifGPS::ByteToChar(e.offset, code_);
+        const auto c = ExifReader::ByteToChar(e.offset, code_);
         x_.IFDg.Set(key, c == 0 ? std::string() : std::string(1, static_cast<char>(c)));
     }
     // One rational at `dist`, stored under key+"A"/"B"; returns A / B.
@@ -97,7 +97,7 @@ class GpsReader {
         x_.IFDg.Set(key, text);
     }
 
-    exifGPS& x_;
+    ExifReader& x_;
     ByteSource& s_;
     std::uint32_t code_;
 };
@@ -105,7 +105,7 @@ class GpsReader {
 void GpsReader::Apply(const DirEntry& e, std::size_t i) {
     switch (e.tag) {
         case kVersionID:
-            x_.IFDg.Set("VersionID", exifGPS::ByteToLong(e.offset, code_));
+            x_.IFDg.Set("VersionID", ExifReader::ByteToLong(e.offset, code_));
             break;
         case kLatitudeRef:
             Letter("LatitudeRef", e);
@@ -120,7 +120,7 @@ void GpsReader::Apply(const DirEntry& e, std::size_t i) {
             x_.LoadFileIFDGPSLongitude(s_, i, code_);
             break;
         case kAltitudeRef:
-            x_.IFDg.Set("AltitudeRef", exifGPS::ByteToChar(e.offset, code_));
+            x_.IFDg.Set("AltitudeRef", ExifReader::ByteToChar(e.offset, code_));
             break;
         case kAltitude:
             x_.IFDg.Set("Altitude", Format(Rational("Altitude", i, 0), "#####") + " m");
@@ -202,7 +202,7 @@ bool IsAngle(std::uint32_t tag) {
 // Latitude and longitude are worked out after the rest, so that their reference letters count
 // wherever they stand in the directory (a writer that puts tag 2 before tag 1 still gets its
 // hemisphere right). Texts that a later entry overwrites are not read at all.
-void exifGPS::LoadFileIFDGPS(ByteSource& s, std::uint32_t code) {
+void ExifReader::LoadFileIFDGPS(ByteSource& s, std::uint32_t code) {
     GpsReader reader(*this, s, code);
     std::size_t lastText[2] = {0, 0};
     for (std::size_t i = 0; i < IFDg_Dir.size(); ++i)
@@ -220,15 +220,15 @@ void exifGPS::LoadFileIFDGPS(ByteSource& s, std::uint32_t code) {
         reader.Apply(IFDg_Dir[i], i);
 }
 
-void exifGPS::LoadFileIFDGPSLatitude(ByteSource& s, std::size_t i, std::uint32_t code) {
+void ExifReader::LoadFileIFDGPSLatitude(ByteSource& s, std::size_t i, std::uint32_t code) {
     LoadGpsAngle(s, i, code, true);
 }
 
-void exifGPS::LoadFileIFDGPSLongitude(ByteSource& s, std::size_t i, std::uint32_t code) {
+void ExifReader::LoadFileIFDGPSLongitude(ByteSource& s, std::size_t i, std::uint32_t code) {
     LoadGpsAngle(s, i, code, false);
 }
 
-void exifGPS::LoadGpsAngle(ByteSource& s, std::size_t i, std::uint32_t code, bool latitude) {
+void ExifReader::LoadGpsAngle(ByteSource& s, std::size_t i, std::uint32_t code, bool latitude) {
     const std::string name = latitude ? "Latitude" : "Longitude";
     double v[6];
     for (int k = 0; k < 6; ++k)

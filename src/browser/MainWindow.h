@@ -20,13 +20,13 @@ class QSplitter;
 
 namespace lumivex {
 
-class NSOutlineView;
+class SidebarView;
 class Prompter;
 class ScanProgressStrip;
 class Settings;
 class ThumbnailCanvas;
 
-class Window1 : public QMainWindow {
+class MainWindow : public QMainWindow {
     Q_OBJECT
 
   public:
@@ -35,8 +35,8 @@ class Window1 : public QMainWindow {
     static constexpr int kLineStep = 10;
 
     // `prefs` and `prompter` outlive the window.
-    Window1(Settings& prefs, Prompter& prompter, QWidget* parent = nullptr);
-    ~Window1() override;
+    MainWindow(Settings& prefs, Prompter& prompter, QWidget* parent = nullptr);
+    ~MainWindow() override;
 
     // The start: split view, position, values, scroll bar.
     void InitApp();
@@ -76,7 +76,7 @@ class Window1 : public QMainWindow {
     CommandState& Commands() { return commands_; }
     ThumbnailCanvas* Canvas() const { return Canvas1; }
     QScrollBar* ScrollBar() const { return ScrollBarV; }
-    NSOutlineView* Outline() const { return pOutline; }
+    SidebarView* Outline() const { return pOutline; }
     ScanProgressStrip* ProgressStrip() const { return strip_; }
     QSplitter* Splitter() const { return split_; }
     // The file name that the resting pointer's tool tip shows; empty when none.
@@ -113,7 +113,7 @@ class Window1 : public QMainWindow {
 
     Settings& prefs_;
     Prompter& prompter_;
-    NSOutlineView* pOutline = nullptr;
+    SidebarView* pOutline = nullptr;
     QSplitter* split_ = nullptr;
     ThumbnailCanvas* Canvas1 = nullptr;
     QScrollBar* ScrollBarV = nullptr;

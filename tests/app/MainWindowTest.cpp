@@ -16,9 +16,9 @@
 #include "ScratchDir.h"
 #include "ScriptedPrompter.h"
 #include "app/App.h"
+#include "browser/MainWindow.h"
 #include "browser/ScanProgressStrip.h"
 #include "browser/ThumbnailCanvas.h"
-#include "browser/Window1.h"
 #include "core/PrefFile.h"
 
 namespace lumivex {
@@ -39,7 +39,7 @@ void WriteBytes(const fs::path& file, const std::vector<std::uint8_t>& bytes) {
                static_cast<std::streamsize>(bytes.size()));
 }
 
-class Window1Test : public ::testing::Test {
+class MainWindowTest : public ::testing::Test {
   protected:
     void SetUp() override {
         fs::create_directories(root_ / "home" / "Desktop");
@@ -51,9 +51,9 @@ class Window1Test : public ::testing::Test {
     }
     void TearDown() override { app_.reset(); }
 
-    Window1* Start() {
+    MainWindow* Start() {
         app_->InitApp();
-        Window1* w = app_->MakeWindow();
+        MainWindow* w = app_->MakeWindow();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(w));
         return w;
     }
@@ -69,14 +69,14 @@ class Window1Test : public ::testing::Test {
         }
         return dir;
     }
-    static void WaitForScan(Window1* w) {
-        QSignalSpy done(w, &Window1::scanFinished);
+    static void WaitForScan(MainWindow* w) {
+        QSignalSpy done(w, &MainWindow::scanFinished);
         if (w->ScanRunning()) {
             ASSERT_TRUE(done.wait(20000));
         }
     }
     // Moves the divider until the canvas is `width` pixels wide.
-    static void CanvasWidth(Window1* w, int width) {
+    static void CanvasWidth(MainWindow* w, int width) {
         QSplitter* s = w->Splitter();
         const int total = s->sizes()[0] + s->sizes()[1];
         const int extra = s->sizes()[1] - w->Canvas()->width();
@@ -91,11 +91,11 @@ class Window1Test : public ::testing::Test {
     std::unique_ptr<App> app_;
 };
 
-TEST_F(Window1Test, ScanShowsItemsInNameOrderAndFlowsThemToThePixel) {
+TEST_F(MainWindowTest, ScanShowsItemsInNameOrderAndFlowsThemToThePixel) {
     const fs::path dir = Folder("card", 7);
     std::ofstream(dir / "notes.txt") << "not a picture";
     WriteBytes(dir / "AAA_noexif.JPG", {0xFF, 0xD8, 0xFF, 0xD9});
-    Window1* w = Start();
+    MainWindow* w = Start();
     CanvasWidth(w, 320);
     w->SelFolder1(dir.string());
     EXPECT_TRUE(w->ProgressStrip()->JobShown());
@@ -131,9 +131,9 @@ TEST_F(Window1Test, ScanShowsItemsInNameOrderAndFlowsThemToThePixel) {
     EXPECT_EQ(w->ScrollBar()->maximum(), std::max(over, 0));
 }
 
-TEST_F(Window1Test, ClickShiftClickAndGroundClickDriveSelectionAndCommands) {
+TEST_F(MainWindowTest, ClickShiftClickAndGroundClickDriveSelectionAndCommands) {
     const fs::path dir = Folder("card", 4);
-    Window1* w = Start();
+    MainWindow* w = Start();
     CanvasWidth(w, 320);
     w->SelFolder1(dir.string());
     WaitForScan(w);
@@ -171,10 +171,10 @@ TEST_F(Window1Test, ClickShiftClickAndGroundClickDriveSelectionAndCommands) {
         EXPECT_TRUE(item.selected);
 }
 
-TEST_F(Window1Test, StopKeepsAPrefixAndASecondSelectionDuringAScanIsDropped) {
+TEST_F(MainWindowTest, StopKeepsAPrefixAndASecondSelectionDuringAScanIsDropped) {
     const fs::path big = Folder("big", 4000, 16, 12);
     const fs::path other = Folder("other", 3);
-    Window1* w = Start();
+    MainWindow* w = Start();
     w->SelFolder1(big.string());
     w->SelFolder1(other.string());  // dropped: one job at a time
     auto* bar = w->ProgressStrip()->ProgressBar1;
@@ -196,8 +196,8 @@ TEST_F(Window1Test, StopKeepsAPrefixAndASecondSelectionDuringAScanIsDropped) {
     EXPECT_EQ(w->Items().size(), 3u);
 }
 
-TEST_F(Window1Test, CloseSavesTheFrameInTheCurrentLayout) {
-    Window1* w = Start();
+TEST_F(MainWindowTest, CloseSavesTheFrameInTheCurrentLayout) {
+    MainWindow* w = Start();
     w->resize(900, 600);
     QCoreApplication::processEvents();
     const QRect frame(w->x(), w->y(), w->width(), w->height());
@@ -221,7 +221,7 @@ TEST_F(Window1Test, CloseSavesTheFrameInTheCurrentLayout) {
     EXPECT_EQ(saved.gPref[45], canvasLeft);
 }
 
-TEST_F(Window1Test, SavedFrameComesBackAndAMissingFileIsSaid) {
+TEST_F(MainWindowTest, SavedFrameComesBackAndAMissingFileIsSaid) {
     // A folder without a settings file: the user is told, and the defaults hold.
     app_->InitApp();
     ASSERT_EQ(prompter_.asked.size(), 1);
@@ -234,8 +234,8 @@ TEST_F(Window1Test, SavedFrameComesBackAndAMissingFileIsSaid) {
     s.gPref[45] = 260;
     ASSERT_TRUE(PrefFile::SavePref(s, root_ / "settings"));
     app_ = std::make_unique<App>(prompter_, root_ / "settings");
-    Window1* w = Start();
-    EXPECT_EQ(w->width(), Window1::kMinWidth);
+    MainWindow* w = Start();
+    EXPECT_EQ(w->width(), MainWindow::kMinWidth);
     EXPECT_EQ(w->height(), 700);
     EXPECT_EQ(w->Canvas()->mapTo(w, QPoint(0, 0)).x(), 260);
 }

@@ -1,11 +1,11 @@
-// The decoders of exifGPS: every number and text taken out of a directory entry passes here.
+// The decoders of ExifReader: every number and text taken out of a directory entry passes here.
 #include <algorithm>
 #include <array>
 #include <cstring>
 
 #include "core/Globals.h"
+#include "exif/ExifReader.h"
 #include "exif/TextConverter.h"
-#include "exif/exifGPS.h"
 
 namespace lumivex {
 namespace {
@@ -26,7 +26,7 @@ FieldBytes Split(std::uint32_t v) {
 // The value field's bytes in the order the file holds them.
 std::array<std::uint8_t, 4> InFileOrder(std::uint32_t v, std::uint32_t code) {
     const FieldBytes f = Split(v);
-    if (code == exifGPS::kLittleEndian)
+    if (code == ExifReader::kLittleEndian)
         return {static_cast<std::uint8_t>(f.d), static_cast<std::uint8_t>(f.c),
                 static_cast<std::uint8_t>(f.b), static_cast<std::uint8_t>(f.a)};
     return {static_cast<std::uint8_t>(f.a), static_cast<std::uint8_t>(f.b),
@@ -49,15 +49,15 @@ std::string Lowered(std::string s) {
 
 }  // namespace
 
-std::int64_t exifGPS::ByteToShort(std::uint32_t value, std::uint32_t code) {
+std::int64_t ExifReader::ByteToShort(std::uint32_t value, std::uint32_t code) {
     const FieldBytes f = Split(value);
     if (code == kLittleEndian) return f.c * 256 + f.d;
     if (code == kBigEndian) return f.a * 256 + f.b;
     return 0;
 }
 
-void exifGPS::ByteToShortR(std::uint32_t value, std::uint32_t code, std::int64_t& first,
-                           std::int64_t& second) {
+void ExifReader::ByteToShortR(std::uint32_t value, std::uint32_t code, std::int64_t& first,
+                              std::int64_t& second) {
     const FieldBytes f = Split(value);
     if (code == kLittleEndian) {
         first = f.c * 256 + f.d;
@@ -68,70 +68,70 @@ void exifGPS::ByteToShortR(std::uint32_t value, std::uint32_t code, std::int64_t
     }
 }
 
-std::int64_t exifGPS::ByteToChar(std::uint32_t value, std::uint32_t code) {
+std::int64_t ExifReader::ByteToChar(std::uint32_t value, std::uint32_t code) {
     const FieldBytes f = Split(value);
     if (code == kLittleEndian) return f.d;
     if (code == kBigEndian) return f.a;
     return 0;
 }
 
-std::int64_t exifGPS::ByteTo3Bit(std::uint32_t value, std::uint32_t code) {
+std::int64_t ExifReader::ByteTo3Bit(std::uint32_t value, std::uint32_t code) {
     const FieldBytes f = Split(value);
     if (code == kLittleEndian) return static_cast<std::int64_t>(gBitR(f.d, 0, 7));
     if (code == kBigEndian) return static_cast<std::int64_t>(gBitR(f.b, 0, 7));
     return 0;
 }
 
-std::int64_t exifGPS::ByteToLong(std::uint32_t value, std::uint32_t code) {
+std::int64_t ExifReader::ByteToLong(std::uint32_t value, std::uint32_t code) {
     const FieldBytes f = Split(value);
     if (code == kLittleEndian) return f.d * 1000 + f.c * 100 + f.b * 10 + f.a;
     if (code == kBigEndian) return f.a * 1000 + f.b * 100 + f.c * 10 + f.d;
     return 0;
 }
 
-std::string exifGPS::ByteToASCIIe2(std::uint32_t value, std::uint32_t code) {
+std::string ExifReader::ByteToASCIIe2(std::uint32_t value, std::uint32_t code) {
     if (code != kLittleEndian && code != kBigEndian) return {};
     const auto bytes = InFileOrder(value, code);
     return std::string(bytes.begin(), bytes.end());  // zero bytes stay
 }
 
-double exifGPS::Redirected(ByteSource& s, const std::vector<DirEntry>& dir, std::size_t i,
-                           std::uint64_t dist, std::uint32_t code, int size) const {
+double ExifReader::Redirected(ByteSource& s, const std::vector<DirEntry>& dir, std::size_t i,
+                              std::uint64_t dist, std::uint32_t code, int size) const {
     if (i >= dir.size()) return 0;
     std::array<std::uint8_t, 4> b{};
     s.Copy(dir[i].offset + dist + offset, b.data(), static_cast<std::size_t>(size));
     return static_cast<double>(ByteOrder(code, size, b[0], b[1], b[2], b[3]));
 }
 
-double exifGPS::ByteToShort0(ByteSource& s, std::size_t i, std::uint64_t dist,
-                             std::uint32_t code) const {
+double ExifReader::ByteToShort0(ByteSource& s, std::size_t i, std::uint64_t dist,
+                                std::uint32_t code) const {
     return Redirected(s, IFD0_Dir, i, dist, code, 2);
 }
-double exifGPS::ByteToShortE(ByteSource& s, std::size_t i, std::uint64_t dist,
-                             std::uint32_t code) const {
+double ExifReader::ByteToShortE(ByteSource& s, std::size_t i, std::uint64_t dist,
+                                std::uint32_t code) const {
     return Redirected(s, IFDe_Dir, i, dist, code, 2);
 }
-double exifGPS::ByteToLong0(ByteSource& s, std::size_t i, std::uint64_t dist,
-                            std::uint32_t code) const {
+double ExifReader::ByteToLong0(ByteSource& s, std::size_t i, std::uint64_t dist,
+                               std::uint32_t code) const {
     return Redirected(s, IFD0_Dir, i, dist, code, 4);
 }
-double exifGPS::ByteToLong1(ByteSource& s, std::size_t i, std::uint64_t dist,
-                            std::uint32_t code) const {
+double ExifReader::ByteToLong1(ByteSource& s, std::size_t i, std::uint64_t dist,
+                               std::uint32_t code) const {
     return Redirected(s, IFD1_Dir, i, dist, code, 4);
 }
-double exifGPS::ByteToLongE(ByteSource& s, std::size_t i, std::uint64_t dist,
-                            std::uint32_t code) const {
+double ExifReader::ByteToLongE(ByteSource& s, std::size_t i, std::uint64_t dist,
+                               std::uint32_t code) const {
     return Redirected(s, IFDe_Dir, i, dist, code, 4);
 }
-double exifGPS::ByteToLongG(ByteSource& s, std::size_t i, std::uint64_t dist,
-                            std::uint32_t code) const {
+double ExifReader::ByteToLongG(ByteSource& s, std::size_t i, std::uint64_t dist,
+                               std::uint32_t code) const {
     return Redirected(s, IFDg_Dir, i, dist, code, 4);
 }
 
 // A signed rational's part: only the low three bytes count and bit 23 is the sign; a negative
 // value comes back as its 32-bit two's-complement pattern (-1 gives 4294967295).
-double exifGPS::ByteToLongES(ByteSource& s, std::size_t i, std::uint64_t dist,
-                             std::uint32_t code) const {
+double ExifReader::ByteToLongES(ByteSource& s, std::size_t i, std::uint64_t dist,
+                                std::uint32_t code) const {
     if (i >= IFDe_Dir.size()) return 0;
     std::array<std::uint8_t, 4> b{};
     s.Copy(IFDe_Dir[i].offset + dist + offset, b.data(), b.size());
@@ -139,8 +139,8 @@ double exifGPS::ByteToLongES(ByteSource& s, std::size_t i, std::uint64_t dist,
     return static_cast<double>((v & 0x800000) ? (v | 0xFF000000) : v);
 }
 
-std::string exifGPS::RedirectedText(ByteSource& s, const std::vector<DirEntry>& dir, std::size_t i,
-                                    std::uint32_t code) const {
+std::string ExifReader::RedirectedText(ByteSource& s, const std::vector<DirEntry>& dir,
+                                       std::size_t i, std::uint32_t code) const {
     if (i >= dir.size()) return {};
     const DirEntry& e = dir[i];
     if (e.count <= 4) {
@@ -151,22 +151,22 @@ std::string exifGPS::RedirectedText(ByteSource& s, const std::vector<DirEntry>& 
     return WithoutZeros(block.data(), block.size());
 }
 
-std::string exifGPS::ByteToASCII0(ByteSource& s, std::size_t i, std::uint32_t code) const {
+std::string ExifReader::ByteToASCII0(ByteSource& s, std::size_t i, std::uint32_t code) const {
     return RedirectedText(s, IFD0_Dir, i, code);
 }
-std::string exifGPS::ByteToASCII1(ByteSource& s, std::size_t i, std::uint32_t code) const {
+std::string ExifReader::ByteToASCII1(ByteSource& s, std::size_t i, std::uint32_t code) const {
     return RedirectedText(s, IFD1_Dir, i, code);
 }
-std::string exifGPS::ByteToASCIIe(ByteSource& s, std::size_t i, std::uint32_t code) const {
+std::string ExifReader::ByteToASCIIe(ByteSource& s, std::size_t i, std::uint32_t code) const {
     return RedirectedText(s, IFDe_Dir, i, code);
 }
-std::string exifGPS::ByteToASCIIg(ByteSource& s, std::size_t i, std::uint32_t code) const {
+std::string ExifReader::ByteToASCIIg(ByteSource& s, std::size_t i, std::uint32_t code) const {
     return RedirectedText(s, IFDg_Dir, i, code);
 }
 
 // The user comment: an 8-byte character-code header, then the body. JIS bodies are converted
 // to UTF-8; ASCII, undefined and "UNICODE" (taken as UTF-8) bodies stay; unknown codes give "".
-std::string exifGPS::ByteToComment(ByteSource& s, std::size_t i) const {
+std::string ExifReader::ByteToComment(ByteSource& s, std::size_t i) const {
     if (i >= IFDe_Dir.size()) return {};
     const DirEntry& e = IFDe_Dir[i];
     const std::uint64_t pos = e.offset + offset;

@@ -1,4 +1,4 @@
-#include "exif/exifGPS.h"
+#include "exif/ExifReader.h"
 
 #include <array>
 
@@ -16,7 +16,7 @@ std::uint32_t BigEndian16(ByteSource& s, std::uint64_t pos) {
 std::uint32_t Fold(ByteSource& s, std::uint64_t pos, std::uint32_t code, int size) {
     std::array<std::uint8_t, 4> b{};
     s.Copy(pos, b.data(), static_cast<std::size_t>(size));
-    return static_cast<std::uint32_t>(exifGPS::ByteOrder(code, size, b[0], b[1], b[2], b[3]));
+    return static_cast<std::uint32_t>(ExifReader::ByteOrder(code, size, b[0], b[1], b[2], b[3]));
 }
 
 bool IsExifSignature(const std::array<std::uint8_t, 4>& b) {
@@ -30,8 +30,8 @@ bool IsExifSignature(const std::array<std::uint8_t, 4>& b) {
 
 }  // namespace
 
-std::uint64_t exifGPS::ByteOrder(std::uint32_t code, int size, std::uint8_t b1, std::uint8_t b2,
-                                 std::uint8_t b3, std::uint8_t b4) {
+std::uint64_t ExifReader::ByteOrder(std::uint32_t code, int size, std::uint8_t b1, std::uint8_t b2,
+                                    std::uint8_t b3, std::uint8_t b4) {
     const std::uint64_t x1 = b1, x2 = b2, x3 = b3, x4 = b4;
     if (code == kLittleEndian) {
         if (size == 2) return x2 << 8 | x1;
@@ -43,12 +43,12 @@ std::uint64_t exifGPS::ByteOrder(std::uint32_t code, int size, std::uint8_t b1, 
     return 0;
 }
 
-std::uint64_t exifGPS::ByteOrderS(std::uint32_t code, std::uint8_t b1, std::uint8_t b2,
-                                  std::uint8_t b3, std::uint8_t b4) {
+std::uint64_t ExifReader::ByteOrderS(std::uint32_t code, std::uint8_t b1, std::uint8_t b2,
+                                     std::uint8_t b3, std::uint8_t b4) {
     return ByteOrder(code, 4, b1, b2, b3, b4) & 0xFFFFFF;
 }
 
-void exifGPS::InitVal() {
+void ExifReader::InitVal() {
     offset = 12;
     IFD0.Clear();
     IFD1.Clear();
@@ -56,13 +56,13 @@ void exifGPS::InitVal() {
     IFDg.Clear();
 }
 
-void exifGPS::GetExif() {
+void ExifReader::GetExif() {
     InitVal();
     ret = LoadFile();
     src_.Close();
 }
 
-bool exifGPS::OpenSource() {
+bool ExifReader::OpenSource() {
     if (!fbytes.empty()) {
         src_.OpenMemory(fbytes);
         return true;
@@ -72,7 +72,7 @@ bool exifGPS::OpenSource() {
 
 // Follows the markers from the start of the file to the TIFF header: APP1 first, or one APP0
 // and then APP1, carrying "Exif" in any letter case. `pos` ends on the byte-order mark.
-bool exifGPS::WalkToTiffHeader(std::uint64_t& pos) {
+bool ExifReader::WalkToTiffHeader(std::uint64_t& pos) {
     pos = 2;  // the start-of-image bytes are not looked at
     std::uint32_t marker = BigEndian16(src_, pos);
     pos += 2;
@@ -94,8 +94,8 @@ bool exifGPS::WalkToTiffHeader(std::uint64_t& pos) {
 // Loads one directory's entries. Entries that lie wholly past the end of the file are all
 // zero; they collapse into one such entry, which decodes exactly like the many would, so a
 // huge count on a short file costs nothing. Returns the position after the stated entries.
-std::uint64_t exifGPS::ReadDirectory(std::uint64_t pos, std::uint32_t code, std::uint32_t& max,
-                                     std::vector<DirEntry>& dir) {
+std::uint64_t ExifReader::ReadDirectory(std::uint64_t pos, std::uint32_t code, std::uint32_t& max,
+                                        std::vector<DirEntry>& dir) {
     max = Fold(src_, pos, code, 2);
     dir.clear();
     const std::uint64_t first = pos + 2;
@@ -117,7 +117,7 @@ std::uint64_t exifGPS::ReadDirectory(std::uint64_t pos, std::uint32_t code, std:
     return first + std::uint64_t{max} * kEntrySize;
 }
 
-bool exifGPS::LoadFile() {
+bool ExifReader::LoadFile() {
     IFD0_Offset = IFD1_Offset = IFDe_Offset = IFDg_Offset = 0;
     IFD0_Max = IFD1_Max = IFDe_Max = IFDg_Max = 0;
     IFD0_Dir.clear();

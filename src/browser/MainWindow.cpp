@@ -1,4 +1,4 @@
-#include "browser/Window1.h"
+#include "browser/MainWindow.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -19,7 +19,7 @@
 #include "platform/DiskEjector.h"
 #include "platform/MountTable.h"
 #include "scan/ScanOptions.h"
-#include "sidebar/NSOutlineView.h"
+#include "sidebar/SidebarView.h"
 
 namespace lumivex {
 namespace {
@@ -37,20 +37,20 @@ bool IsFolder(const std::string& path) {
 
 }  // namespace
 
-Window1::Window1(Settings& prefs, Prompter& prompter, QWidget* parent)
+MainWindow::MainWindow(Settings& prefs, Prompter& prompter, QWidget* parent)
     : QMainWindow(parent), prefs_(prefs), prompter_(prompter) {
     setWindowTitle(QStringLiteral("Lumivex Plus"));
     setMinimumSize(kMinWidth, kMinHeight);
     resize(kMinWidth, kMinHeight);
     Timer1.setInterval(1000);
     Timer2.setInterval(10);
-    connect(&Timer1, &QTimer::timeout, this, &Window1::Timer1_Action);
-    connect(&Timer2, &QTimer::timeout, this, &Window1::Timer2_Action);
+    connect(&Timer1, &QTimer::timeout, this, &MainWindow::Timer1_Action);
+    connect(&Timer2, &QTimer::timeout, this, &MainWindow::Timer2_Action);
 }
 
-Window1::~Window1() = default;
+MainWindow::~MainWindow() = default;
 
-void Window1::InitApp() {
+void MainWindow::InitApp() {
     InitSplitView();
     InitWinPos();
     InitVal();
@@ -60,10 +60,10 @@ void Window1::InitApp() {
     pOutline->AutoSelect();
 }
 
-void Window1::InitSplitView() {
+void MainWindow::InitSplitView() {
     split_ = new QSplitter(Qt::Horizontal, this);
     split_->setChildrenCollapsible(false);
-    pOutline = new NSOutlineView(prefs_, split_);
+    pOutline = new SidebarView(prefs_, split_);
     pOutline->setMinimumWidth(100);
 
     auto* pane = new QWidget(split_);
@@ -85,15 +85,15 @@ void Window1::InitSplitView() {
     split_->setStretchFactor(1, 1);
     setCentralWidget(split_);
 
-    connect(pOutline, &NSOutlineView::selectionDidChange, this, &Window1::OutlineDidSelRow);
-    connect(strip_, &ScanProgressStrip::stopClicked, this, &Window1::PushButton1_Action);
-    connect(Canvas1, &ThumbnailCanvas::pressed, this, &Window1::Canvas1_MouseDown);
-    connect(Canvas1, &ThumbnailCanvas::moved, this, &Window1::Canvas1_MouseMove);
-    connect(Canvas1, &ThumbnailCanvas::wheelLines, this, &Window1::Canvas1_MouseWheel);
+    connect(pOutline, &SidebarView::selectionDidChange, this, &MainWindow::OutlineDidSelRow);
+    connect(strip_, &ScanProgressStrip::stopClicked, this, &MainWindow::PushButton1_Action);
+    connect(Canvas1, &ThumbnailCanvas::pressed, this, &MainWindow::Canvas1_MouseDown);
+    connect(Canvas1, &ThumbnailCanvas::moved, this, &MainWindow::Canvas1_MouseMove);
+    connect(Canvas1, &ThumbnailCanvas::wheelLines, this, &MainWindow::Canvas1_MouseWheel);
 }
 
 // The frame the user left is restored as it was; sizes below the minimum give the minimum.
-void Window1::InitWinPos() {
+void MainWindow::InitWinPos() {
     const auto& p = prefs_.gPref;
     int left = p[41] > 0 ? static_cast<int>(p[41]) : x();
     int top = p[42] > 0 ? static_cast<int>(p[42]) : y();
@@ -104,7 +104,7 @@ void Window1::InitWinPos() {
     resize(w, h);
 }
 
-void Window1::InitVal() {
+void MainWindow::InitVal() {
     ResizeSeparatePos(static_cast<int>(prefs_.gPref[45]));
     pBkClr = static_cast<int>(prefs_.gPref[4]);
     pSeClr = static_cast<int>(prefs_.gPref[5]);
@@ -119,14 +119,14 @@ void Window1::InitVal() {
     strip_->HideJob();
 }
 
-void Window1::InitScrollbar() {
+void MainWindow::InitScrollbar() {
     ScrollBarV->setSingleStep(kLineStep);
     ScrollBarV->setMinimum(0);
-    connect(ScrollBarV, &QScrollBar::valueChanged, this, &Window1::ScrollBarV_ValueChanged);
+    connect(ScrollBarV, &QScrollBar::valueChanged, this, &MainWindow::ScrollBarV_ValueChanged);
 }
 
 // The divider: the sidebar at least 100 pixels, the pane too; `left` is the canvas's left edge.
-void Window1::ResizeSeparatePos(int left) {
+void MainWindow::ResizeSeparatePos(int left) {
     const int limit = width() - kScrollBarWidth + 1 - 100;
     left = GridLayout::ClampDivider(left, limit);
     const int total = split_->width() > 0 ? split_->width() : width();
@@ -134,13 +134,13 @@ void Window1::ResizeSeparatePos(int left) {
     split_->setSizes({sidebar, std::max(100, total - sidebar - split_->handleWidth())});
 }
 
-int Window1::CanvasLeft() const {
+int MainWindow::CanvasLeft() const {
     return Canvas1->mapTo(this, QPoint(0, 0)).x();
 }
 
 // ---- the scan -------------------------------------------------------------------------
 
-void Window1::SelFolder1(const std::string& path) {
+void MainWindow::SelFolder1(const std::string& path) {
     if (worker_.Running() || path.empty() || !IsFolder(path)) return;
     pThread1_Mode = 1;
     pThread1_Width = Canvas1->width();
@@ -155,7 +155,7 @@ void Window1::SelFolder1(const std::string& path) {
     Timer2.start();
 }
 
-void Window1::TakeScanItems() {
+void MainWindow::TakeScanItems() {
     std::vector<ScanItem> ready = worker_.TakeItems();
     if (ready.empty() || dropRestOfScan_) return;
     const int top = Canvas1->ScrollY();
@@ -169,7 +169,7 @@ void Window1::TakeScanItems() {
     if (visible) Canvas1->update();
 }
 
-void Window1::Timer2_Action() {
+void MainWindow::Timer2_Action() {
     const bool ended = worker_.End();  // before the take: nothing can follow the end
     TakeScanItems();
     if (!ended) {
@@ -187,7 +187,7 @@ void Window1::Timer2_Action() {
     if (pThread1_Mode == 1) SelFolder1post();
 }
 
-void Window1::SelFolder1post() {
+void MainWindow::SelFolder1post() {
     // A resize during the scan was held back; the new width applies now.
     if (Canvas1->width() != pThread1_Width) {
         pThread1_Width = Canvas1->width();
@@ -201,7 +201,7 @@ void Window1::SelFolder1post() {
 
 // Emptying the grid during a scan also ends the scan: what it would still bring belongs to
 // a folder that is no longer shown.
-void Window1::SelFolderClr() {
+void MainWindow::SelFolderClr() {
     if (worker_.Running()) {
         dropRestOfScan_ = true;
         worker_.Stop();
@@ -214,11 +214,11 @@ void Window1::SelFolderClr() {
     SetBtnStatAll(false);
 }
 
-void Window1::PushButton1_Action() {
+void MainWindow::PushButton1_Action() {
     worker_.Stop();
 }
 
-void Window1::OutlineDidSelRow(int row, const QString& path) {
+void MainWindow::OutlineDidSelRow(int row, const QString& path) {
     ItemUnselect();
     if (row < 0) {
         pendingFolder_.clear();
@@ -239,7 +239,7 @@ void Window1::OutlineDidSelRow(int row, const QString& path) {
 
 // ---- layout and scrolling --------------------------------------------------------------
 
-void Window1::InitOffScreen(bool keepScroll) {
+void MainWindow::InitOffScreen(bool keepScroll) {
     const ScrollRange r = layout_.Range(Canvas1->height());
     if (r.enabled) {
         ScrollBarV->setEnabled(true);
@@ -254,7 +254,7 @@ void Window1::InitOffScreen(bool keepScroll) {
     Canvas1->SetScrollY(ScrollBarV->value());
 }
 
-void Window1::ResizeTBC() {
+void MainWindow::ResizeTBC() {
     if (worker_.Running()) return;  // the end of the scan lays out at the final width
     pThread1_Width = Canvas1->width();
     layout_.Flow(pCItem, pThread1_Width);
@@ -262,18 +262,19 @@ void Window1::ResizeTBC() {
     Canvas1->update();
 }
 
-void Window1::ScrollBarV_ValueChanged(int value) {
+void MainWindow::ScrollBarV_ValueChanged(int value) {
     Canvas1->SetScrollY(value);
     if (!pCItem.empty()) Canvas1->update();
 }
 
-void Window1::Canvas1_MouseWheel(int lines) {
+void MainWindow::Canvas1_MouseWheel(int lines) {
     if (ScrollBarV->isEnabled()) ScrollBarV->setValue(ScrollBarV->value() + lines * kLineStep);
 }
 
 // ---- selection and pointer -------------------------------------------------------------
 
-void Window1::Canvas1_MouseDown(int x, int y, Qt::MouseButton button, Qt::KeyboardModifiers mods) {
+void MainWindow::Canvas1_MouseDown(int x, int y, Qt::MouseButton button,
+                                   Qt::KeyboardModifiers mods) {
     const int py = y + Canvas1->ScrollY();
     pCMflg = button == Qt::RightButton;
     const bool keep = pCMflg && ItemSelection::ItemClickInside(pCItem, x, py);
@@ -290,7 +291,7 @@ void Window1::Canvas1_MouseDown(int x, int y, Qt::MouseButton button, Qt::Keyboa
     }
 }
 
-QMenu* Window1::BuildContextMenu(QWidget* parent) {
+QMenu* MainWindow::BuildContextMenu(QWidget* parent) {
     const bool gps = commands_.Enabled(CommandState::kGoogleEarth);
     const auto texts = ContextMenuItems(selection_.pCidxFlg, gps);
     if (texts.empty()) return nullptr;
@@ -304,41 +305,41 @@ QMenu* Window1::BuildContextMenu(QWidget* parent) {
     return menu;
 }
 
-void Window1::ItemUnselect() {
+void MainWindow::ItemUnselect() {
     selection_.ItemUnselect(pCItem);
     SetBtnStat(0);
 }
 
-void Window1::SelectAll() {
+void MainWindow::SelectAll() {
     selection_.SelectAll(pCItem);
     Canvas1->update();
     SetBtnStat(2);
 }
 
-void Window1::SetBtnStat(int state) {
+void MainWindow::SetBtnStat(int state) {
     // Whether the selected picture carries a position comes with the Google Earth hand-off;
     // until then its command stays off.
     commands_.SetBtnStat(state, prefs_.gPref[50] == 1, [](int) { return false; });
 }
 
-void Window1::SetBtnStatAll(bool enable) {
+void MainWindow::SetBtnStatAll(bool enable) {
     commands_.SetBtnStatAll(enable);
 }
 
-void Window1::Canvas1_MouseMove(int x, int y) {
+void MainWindow::Canvas1_MouseMove(int x, int y) {
     pMouseX = x;
     pMouseY = y;
     Timer1.start();
 }
 
-void Window1::Timer1_Action() {
+void MainWindow::Timer1_Action() {
     ShowToolTips(pMouseX == pMouseX2 && pMouseY == pMouseY2);
     pMouseX2 = pMouseX;
     pMouseY2 = pMouseY;
 }
 
 // The full name of a thumbnail whose label was cut, once the pointer has rested on it.
-void Window1::ShowToolTips(bool on) {
+void MainWindow::ShowToolTips(bool on) {
     if (!on) {
         toolTipText_.clear();
         QToolTip::hideText();
@@ -360,12 +361,12 @@ void Window1::ShowToolTips(bool on) {
 
 // ---- window events ---------------------------------------------------------------------
 
-bool Window1::eventFilter(QObject* watched, QEvent* event) {
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == Canvas1 && event->type() == QEvent::Resize) ResizeTBC();
     return QMainWindow::eventFilter(watched, event);
 }
 
-void Window1::changeEvent(QEvent* event) {
+void MainWindow::changeEvent(QEvent* event) {
     if (event->type() == QEvent::ActivationChange && split_ != nullptr) {
         pActive = isActiveWindow();
         QPalette pal = palette();
@@ -377,12 +378,12 @@ void Window1::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
 }
 
-void Window1::closeEvent(QCloseEvent* event) {
+void MainWindow::closeEvent(QCloseEvent* event) {
     Event_CancelClose();
     event->accept();
 }
 
-void Window1::Event_CancelClose() {
+void MainWindow::Event_CancelClose() {
     if (closed_) return;
     closed_ = true;
     auto& p = prefs_.gPref;
@@ -401,7 +402,7 @@ void Window1::Event_CancelClose() {
     emit closing();
 }
 
-void Window1::UnmountCam() {
+void MainWindow::UnmountCam() {
     const std::string volume = pOutline != nullptr ? pOutline->gFI : std::string();
     // Still there means still mounted: an emptied mount point may stay behind as a folder.
     // The start-up disk is never ejected.

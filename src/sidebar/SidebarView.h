@@ -19,14 +19,14 @@ struct RowRecord;
 class SidebarModel;
 class SidebarDelegate;
 
-class NSOutlineView : public QTreeView {
+class SidebarView : public QTreeView {
     Q_OBJECT
 
   public:
     // Reads the display settings from `prefs` (which outlives the view) whenever the tree is
     // built, and builds it once.
-    explicit NSOutlineView(const Settings& prefs, QWidget* parent = nullptr);
-    ~NSOutlineView() override;
+    explicit SidebarView(const Settings& prefs, QWidget* parent = nullptr);
+    ~SidebarView() override;
 
     // Builds the whole tree anew: every row closed, every loaded child list gone.
     void MakeTable();
