@@ -1,7 +1,6 @@
 #include "exif/ExifReport.h"
 
 #include <cmath>
-#include <functional>
 
 #include "core/DisplayText.h"
 #include "core/Globals.h"
@@ -10,8 +9,6 @@
 
 namespace lumivex {
 namespace {
-
-using Render = std::function<std::optional<std::string>(const ExifDict&, std::string_view)>;
 
 void Line(std::string& out, const std::optional<std::string>& text) {
     out += text ? *text : std::string("--");
@@ -158,122 +155,138 @@ std::string ExifReport::GetInfo4() const {
     return out;
 }
 
+std::span<const ExifReport::ListingLine> ExifReport::TiffListing() {
+    using F = LineForm;
+    static constexpr ListingLine kLines[] = {
+        {"ImageWidth", F::Value},
+        {"ImageLength", F::Value},
+        {"BitsPerSample", F::Bits},
+        {"Compression", F::Value},
+        {"PhotometricInterpretation", F::Value},
+        {"Orientation", F::Value},
+        {"SamplesPerPixel", F::Value},
+        {"PlanarConfiguration", F::Value},
+        {"YCbCrSubSampling", F::Mark},
+        {"YCbCrPositioning", F::Value},
+        {"XResolution", F::Ratio},
+        {"YResolution", F::Ratio},
+        {"ResolutionUnit", F::Value},
+        {"StripOffsets", F::Mark},
+        {"RowsPerStrip", F::Value},
+        {"StripByteCounts", F::Mark},
+        {"JPEGInterchangeFormat", F::Value},
+        {"JPEGInterchangeFormatLength", F::Value},
+        {"TransferFunction", F::Mark},
+        {"WhitePoint", F::Mark},
+        {"PrimaryChromaticities", F::Mark},
+        {"YCbCrCoefficients", F::Mark},
+        {"ReferenceBlackWhite", F::Mark},
+        {"DateTime", F::Value},
+        {"ImageDescription", F::Value},
+        {"Make", F::Value},
+        {"Model", F::Value},
+        {"Software", F::Value},
+        {"Artist", F::Value},
+        {"Copyright", F::Mark},
+    };
+    return kLines;
+}
+
+std::span<const ExifReport::ListingLine> ExifReport::ExifListing() {
+    using F = LineForm;
+    static constexpr ListingLine kLines[] = {
+        {"ExifVersion", F::Value},
+        {"FlashPixVersion", F::Value},
+        {"ColorSpace", F::Value},
+        {"ComponentsConfiguration", F::Value},
+        {"CompressedBitsPerPixel", F::Ratio},
+        {"PixelXDimension", F::Value},
+        {"PixelYDimension", F::Value},
+        {"MakerNote", F::Mark},
+        {"UserComment", F::Value},
+        {"RelatedSoundFile", F::Value},
+        {"DateTimeOriginal", F::Value},
+        {"DateTimeDigitized", F::Value},
+        {"SubSecTime", F::Value},
+        {"SubSecTimeOriginal", F::Value},
+        {"SubSecTimeDigitized", F::Value},
+        {"InteroperabiliyIFDPointer", F::Value},
+        {"ExposureTime", F::Ratio},
+        {"FNumber", F::Ratio},
+        {"ExposureProgram", F::Value},
+        {"SpectralSensitivity", F::Value},
+        {"ISOSpeedRatings", F::Iso},
+        {"OECF", F::Mark},
+        {"ShutterSpeedValue", F::Ratio},
+        {"ApertureValue", F::Ratio},
+        {"BrightnessValue", F::Ratio},
+        {"ExposureBiasValue", F::Ratio},
+        {"MaxApertureValue", F::Ratio},
+        {"SubjectDistance", F::Ratio},
+        {"MeteringMode", F::Value},
+        {"LightSource", F::Value},
+        {"Flash", F::Value},
+        {"FocalLength", F::Ratio},
+        {"SubjectArea", F::SubjectArea},
+        {"FlashEnergy", F::Ratio},
+        {"SpatialFrequencyResponse", F::Mark},
+        {"FocalPlaneXResolution", F::Ratio},
+        {"FocalPlaneYResolution", F::Ratio},
+        {"FocalPlaneResolutionUnit", F::Value},
+        {"SubjectLocation", F::SubjectLocation},
+        {"ExposureIndex", F::Ratio},
+        {"SensingMethod", F::Value},
+        {"FileSource", F::Value},
+        {"SceneType", F::Value},
+        {"CFAPattern", F::Mark},
+        {"CustomRendered", F::Value},
+        {"ExposureMode", F::Value},
+        {"WhiteBalance", F::Value},
+        {"DigitalZoomRatio", F::Ratio},
+        {"FocalLengthIn35mmFilm", F::Value},
+        {"SceneCaptureType", F::Value},
+        {"GainControl", F::Ratio},
+        {"Contrast", F::Value},
+        {"Saturation", F::Value},
+        {"Sharpness", F::Value},
+        {"DeviceSettingDescription", F::Value},
+        {"SubjectDistanceRange", F::Value},
+    };
+    return kLines;
+}
+
+std::optional<std::string> ExifReport::Render(const ExifDict& d, const ListingLine& line) {
+    switch (line.form) {
+        case LineForm::Value:
+            return Value(d, line.name);
+        case LineForm::Ratio:
+            return Ratio(d, line.name);
+        case LineForm::Mark:
+            return Mark(d, line.name);
+        case LineForm::Bits:
+            // The reader keeps the three sample sizes apart; the listing shows them together.
+            return Joined(d, {"BitsPerSample1", "BitsPerSample2", "BitsPerSample3"});
+        case LineForm::Iso:
+            return Iso(d);
+        case LineForm::SubjectArea:
+            return SubjectArea(d);
+        case LineForm::SubjectLocation:
+            return Joined(d, {"SubjectLocationX", "SubjectLocationY"});
+    }
+    return std::nullopt;
+}
+
 std::string ExifReport::GetInfo5() const {
-    static const Render value = &ExifReport::Value;
-    static const Render ratio = &ExifReport::Ratio;
-    static const Render mark = &Mark;
-    // The reader keeps the three sample sizes apart; the listing shows them together.
-    static const Render bits = [](const ExifDict& d, std::string_view) {
-        return Joined(d, {"BitsPerSample1", "BitsPerSample2", "BitsPerSample3"});
-    };
-    static const std::pair<const char*, const Render*> kLines[] = {
-        {"ImageWidth", &value},
-        {"ImageLength", &value},
-        {"BitsPerSample", &bits},
-        {"Compression", &value},
-        {"PhotometricInterpretation", &value},
-        {"Orientation", &value},
-        {"SamplesPerPixel", &value},
-        {"PlanarConfiguration", &value},
-        {"YCbCrSubSampling", &mark},
-        {"YCbCrPositioning", &value},
-        {"XResolution", &ratio},
-        {"YResolution", &ratio},
-        {"ResolutionUnit", &value},
-        {"StripOffsets", &mark},
-        {"RowsPerStrip", &value},
-        {"StripByteCounts", &mark},
-        {"JPEGInterchangeFormat", &value},
-        {"JPEGInterchangeFormatLength", &value},
-        {"TransferFunction", &mark},
-        {"WhitePoint", &mark},
-        {"PrimaryChromaticities", &mark},
-        {"YCbCrCoefficients", &mark},
-        {"ReferenceBlackWhite", &mark},
-        {"DateTime", &value},
-        {"ImageDescription", &value},
-        {"Make", &value},
-        {"Model", &value},
-        {"Software", &value},
-        {"Artist", &value},
-        {"Copyright", &mark},
-    };
     std::string out;
-    for (const auto& [name, render] : kLines)
-        Named(out, name, (*render)(ifd0_, name));
+    for (const ListingLine& line : TiffListing())
+        Named(out, line.name, Render(ifd0_, line));
     return out;
 }
 
 std::string ExifReport::GetInfo6() const {
-    static const Render value = &ExifReport::Value;
-    static const Render ratio = &ExifReport::Ratio;
-    static const Render mark = &Mark;
-    static const Render iso = [](const ExifDict& d, std::string_view) { return Iso(d); };
-    static const Render area = [](const ExifDict& d, std::string_view) { return SubjectArea(d); };
-    static const Render location = [](const ExifDict& d, std::string_view) {
-        return Joined(d, {"SubjectLocationX", "SubjectLocationY"});
-    };
-    static const std::pair<const char*, const Render*> kLines[] = {
-        {"ExifVersion", &value},
-        {"FlashPixVersion", &value},
-        {"ColorSpace", &value},
-        {"ComponentsConfiguration", &value},
-        {"CompressedBitsPerPixel", &ratio},
-        {"PixelXDimension", &value},
-        {"PixelYDimension", &value},
-        {"MakerNote", &mark},
-        {"UserComment", &value},
-        {"RelatedSoundFile", &value},
-        {"DateTimeOriginal", &value},
-        {"DateTimeDigitized", &value},
-        {"SubSecTime", &value},
-        {"SubSecTimeOriginal", &value},
-        {"SubSecTimeDigitized", &value},
-        {"InteroperabiliyIFDPointer", &value},
-        {"ExposureTime", &ratio},
-        {"FNumber", &ratio},
-        {"ExposureProgram", &value},
-        {"SpectralSensitivity", &value},
-        {"ISOSpeedRatings", &iso},
-        {"OECF", &mark},
-        {"ShutterSpeedValue", &ratio},
-        {"ApertureValue", &ratio},
-        {"BrightnessValue", &ratio},
-        {"ExposureBiasValue", &ratio},
-        {"MaxApertureValue", &ratio},
-        {"SubjectDistance", &ratio},
-        {"MeteringMode", &value},
-        {"LightSource", &value},
-        {"Flash", &value},
-        {"FocalLength", &ratio},
-        {"SubjectArea", &area},
-        {"FlashEnergy", &ratio},
-        {"SpatialFrequencyResponse", &mark},
-        {"FocalPlaneXResolution", &ratio},
-        {"FocalPlaneYResolution", &ratio},
-        {"FocalPlaneResolutionUnit", &value},
-        {"SubjectLocation", &location},
-        {"ExposureIndex", &ratio},
-        {"SensingMethod", &value},
-        {"FileSource", &value},
-        {"SceneType", &value},
-        {"CFAPattern", &mark},
-        {"CustomRendered", &value},
-        {"ExposureMode", &value},
-        {"WhiteBalance", &value},
-        {"DigitalZoomRatio", &ratio},
-        {"FocalLengthIn35mmFilm", &value},
-        {"SceneCaptureType", &value},
-        {"GainControl", &ratio},
-        {"Contrast", &value},
-        {"Saturation", &value},
-        {"Sharpness", &value},
-        {"DeviceSettingDescription", &value},
-        {"SubjectDistanceRange", &value},
-    };
     std::string out;
-    for (const auto& [name, render] : kLines)
-        Named(out, name, (*render)(ifde_, name));
+    for (const ListingLine& line : ExifListing())
+        Named(out, line.name, Render(ifde_, line));
     return out;
 }
 
