@@ -1,0 +1,119 @@
+// The information window: the caution for a file without Exif, what the four lists show, and
+// copy and select-all by command and by key.
+#include <gtest/gtest.h>
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QTest>
+#include <fstream>
+
+#include "../app/ScriptedPrompter.h"
+#include "RealisticCamera.h"
+#include "ScratchDir.h"
+#include "browser/ExifInfoGPS.h"
+
+namespace lumivex {
+namespace {
+
+class ExifInfoGPSTest : public ::testing::Test {
+  protected:
+    void SetUp() override { parent_.show(); }
+
+    std::filesystem::path Camera(int index) {
+        const auto path = dir_.path() / ("IMG_000" + std::to_string(index) + ".JPG");
+        fixtures::WriteRealisticCamera(path, index, 24 * 1024, fixtures::ByteOrder::Little);
+        return path;
+    }
+    ExifInfoGPS* Open(const std::filesystem::path& path) {
+        return ExifInfoGPS::SelFileExifGPS(&parent_, prompter_, path, false);
+    }
+    static void SelectRow(QTableWidget* list, int row) {
+        list->selectionModel()->select(list->model()->index(row, 0),
+                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
+
+    QWidget parent_;  // stands for the main window
+    ScriptedPrompter prompter_;
+    fixtures::ScratchDir dir_;
+};
+
+TEST_F(ExifInfoGPSTest, FileWithoutExifGetsTheCautionAndNoWindow) {
+    const auto plain = dir_.path() / "plain.jpg";
+    std::ofstream(plain, std::ios::binary) << "\xFF\xD8\xFF\xD9";
+    for (const auto& path : {plain, dir_.path() / "gone.jpg"}) {
+        prompter_.asked.clear();
+        EXPECT_EQ(Open(path), nullptr) << path;
+        EXPECT_EQ(prompter_.asked, QStringList{"このファイルにはExif情報が含まれていません。"});
+        EXPECT_TRUE(parent_.findChildren<ExifInfoGPS*>().isEmpty());
+    }
+}
+
+TEST_F(ExifInfoGPSTest, ShowsTheFourListsWindowModal) {
+    const auto path = Camera(1);
+    QPointer<ExifInfoGPS> dialog = Open(path);
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_TRUE(prompter_.asked.isEmpty());
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(dialog->windowModality(), Qt::WindowModal);
+    EXPECT_EQ(dialog->size(), QSize(550, 470));
+    EXPECT_EQ(dialog->windowTitle(), "Exif情報");
+    EXPECT_EQ(dialog->FileNameLabel()->text(), "IMG_0001.JPG");
+    EXPECT_EQ(dialog->TabPanel()->currentIndex(), 0);
+    EXPECT_EQ(dialog->TabPanel()->tabText(3), "GPS IFD 詳細");
+
+    ExifReader x;
+    x.fitem = path;
+    x.GetExif();
+    const ExifInfoList rows[] = {ExifInfoRows::SelFileExif21(x), ExifInfoRows::SelFileExif22(x),
+                                 ExifInfoRows::SelFileExif23(x), ExifInfoRows::SelFileExif24(x)};
+    const int counts[] = {22, 30, 61, 27};
+    for (int l = 0; l < 4; ++l) {
+        QTableWidget* list = dialog->ListBox(l);
+        ASSERT_EQ(list->rowCount(), counts[l]);
+        for (int r = 0; r < list->rowCount(); ++r) {
+            const ExifInfoRow& want = rows[l][static_cast<std::size_t>(r)];
+            EXPECT_EQ(list->item(r, 0)->text().toStdString(), want.label);
+            EXPECT_TRUE(list->item(r, 0)->textAlignment() & Qt::AlignRight);
+            EXPECT_EQ(list->item(r, 1)->text().toStdString(), want.value);
+            EXPECT_EQ(list->item(r, 1)->font().bold(), want.present) << want.label;
+        }
+    }
+    EXPECT_TRUE(dialog->CloseButton()->isDefault());
+    dialog->CloseButton()->click();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(dialog.isNull());
+}
+
+TEST_F(ExifInfoGPSTest, CopyAndSelectAll) {
+    ExifInfoGPS* dialog = Open(Camera(0));
+    ASSERT_NE(dialog, nullptr);
+    QClipboard* clipboard = QGuiApplication::clipboard();
+    clipboard->setText("before");
+    dialog->CopyString();
+    EXPECT_EQ(clipboard->text(), "before");  // nothing selected: the clipboard is left alone
+
+    SelectRow(dialog->ListBox(0), 1);
+    SelectRow(dialog->ListBox(3), 1);  // on a tab out of sight
+    dialog->CopyString();
+    EXPECT_EQ(clipboard->text(), "メーカー :KESTREL OPTICS\nGPSデータは:含まれていません。\n");
+
+    dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
+    QTest::keyClick(dialog->ListBox(0), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(dialog->ListBox(0), Qt::Key_C, Qt::ControlModifier);
+    const QStringList lines = clipboard->text().split('\n');
+    ASSERT_EQ(lines.size(), 22 + 30 + 61 + 2 + 1);  // one row a line, and the last line's end
+    EXPECT_EQ(lines[0], "タイトル :");
+    EXPECT_EQ(lines[22], "ImageWidth :");
+    EXPECT_EQ(lines[52], "ExifVersion :0230");
+    EXPECT_EQ(lines[113], ":");
+    EXPECT_EQ(lines[114], "GPSデータは:含まれていません。");
+}
+
+}  // namespace
+}  // namespace lumivex
