@@ -11,6 +11,7 @@
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "browser/Prompter.h"
 #include "exif/ExifReader.h"
@@ -67,7 +68,7 @@ ExifInfoGPS::ExifInfoGPS(QWidget* parent)
     StaticText2->setAlignment(Qt::AlignCenter);
 
     TabPanel1 = new QTabWidget(this);
-    TabPanel1->setGeometry(10, 30, 530, 374);
+    TabPanel1->setGeometry(10, 30, 530, 362);
     TabPanel1->setStyleSheet(QStringLiteral("QTabWidget::tab-bar { alignment: center; }"));
     const char* titles[] = {"Exif 概要", "TIFF 詳細", "Exif IFD 詳細", "GPS IFD 詳細"};
     for (std::size_t i = 0; i < lists_.size(); ++i) {
@@ -83,10 +84,13 @@ ExifInfoGPS::ExifInfoGPS(QWidget* parent)
         QStringLiteral("注）Exif情報は画像ファイル全体に対するもので、サムネイルに限定されるもので"
                        "はありません。"),
         this);
-    StaticText1->setGeometry(20, 408, 510, 20);
+    // Linux fonts are wider than the note's room: it may take two lines, and it stays smaller
+    // than the lists' type even where the desktop's font is small.
+    StaticText1->setGeometry(20, 394, 510, 36);
     StaticText1->setAlignment(Qt::AlignCenter);
+    StaticText1->setWordWrap(true);
     QFont small = StaticText1->font();
-    small.setPointSize(10);
+    small.setPointSizeF(std::min(10.0, small.pointSizeF() - 1.0));
     StaticText1->setFont(small);
     QPalette grey = StaticText1->palette();
     grey.setColor(QPalette::WindowText, QColor(62, 62, 62));
