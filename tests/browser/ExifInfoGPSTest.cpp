@@ -90,7 +90,7 @@ TEST_F(ExifInfoGPSTest, ShowsTheFourListsWindowModal) {
 }
 
 TEST_F(ExifInfoGPSTest, CopyAndSelectAll) {
-    ExifInfoGPS* dialog = Open(Camera(0));
+    ExifInfoGPS* dialog = Open(Camera(0));  // a file without GPS
     ASSERT_NE(dialog, nullptr);
     QClipboard* clipboard = QGuiApplication::clipboard();
     clipboard->setText("before");
@@ -109,6 +109,7 @@ TEST_F(ExifInfoGPSTest, CopyAndSelectAll) {
     const QStringList lines = clipboard->text().split('\n');
     ASSERT_EQ(lines.size(), 22 + 30 + 61 + 2 + 1);  // one row a line, and the last line's end
     EXPECT_EQ(lines[0], "タイトル :");
+    EXPECT_EQ(lines[19], "緯度 :");  // no GPS: the summary keeps its rows, empty
     EXPECT_EQ(lines[22], "ImageWidth :");
     EXPECT_EQ(lines[52], "ExifVersion :0230");
     EXPECT_EQ(lines[113], ":");
