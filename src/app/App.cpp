@@ -1,5 +1,6 @@
 #include "app/App.h"
 
+#include "app/BatchRun.h"
 #include "browser/MainWindow.h"
 #include "browser/Prompter.h"
 #include "core/FileServices.h"
@@ -35,10 +36,16 @@ MainWindow* App::MakeWindow() {
 }
 
 int App::Event_OpenDocument(const std::filesystem::path& item) {
-    // The batch extraction behind a dropped folder is not built yet: the event only ends
-    // the process, as every document event does.
-    (void)item;
-    return 0;
+    // Whatever happens here, the caller ends the process: a document is never browsed.
+    if (!gFileMatch(item, "MACS", "fold")) return 0;
+    return TNextract(item);
+}
+
+int App::TNextract(const std::filesystem::path& folder) {
+    BatchRun run(prompter_, ScanOptions::FromSettings(prefs_));
+    const BatchRun::Outcome outcome = run.Run(folder);
+    const bool lost = outcome == BatchRun::Outcome::Failed || !run.Result().skipped.empty();
+    return lost ? 1 : 0;
 }
 
 void App::CloseApp() {

@@ -28,8 +28,10 @@ class App : public QObject {
     // Makes and shows the main window and runs its start.
     MainWindow* MakeWindow();
     // A folder given to the program: extracted in a batch, then the process ends. Returns
-    // the exit status.
+    // the exit status: 1 when thumbnails could not be written, else 0.
     int Event_OpenDocument(const std::filesystem::path& item);
+    // The batch extraction of one folder's thumbnails into a folder the user chooses.
+    int TNextract(const std::filesystem::path& folder);
     // The settings saved, the temporary folder removed.
     void CloseApp();
 

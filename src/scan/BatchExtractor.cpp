@@ -11,12 +11,30 @@ std::vector<BatchExtractor::Record> BatchExtractor::Collect(
     const std::filesystem::path& folder, ScanOptions options,
     const std::function<void(std::size_t)>& onProgress) {
     options.noThumb = false;  // a placeholder is no thumbnail to extract
+    FolderScan scan(folder, std::move(options));
+    return CollectFrom(scan, onProgress, nullptr);
+}
+
+std::vector<BatchExtractor::Record> BatchExtractor::Collect(const std::filesystem::path& folder,
+                                                            ScanOptions options, Control& control) {
+    options.noThumb = false;
+    FolderScan scan(folder, std::move(options));
+    control.total.store(scan.EntryCount(), std::memory_order_release);
+    return CollectFrom(
+        scan, [&control](std::size_t n) { control.done.store(n, std::memory_order_release); },
+        &control.stop);
+}
+
+std::vector<BatchExtractor::Record> BatchExtractor::CollectFrom(
+    FolderScan& scan, const std::function<void(std::size_t)>& onProgress,
+    const std::atomic<bool>* stop) {
     std::vector<Record> records;
     std::size_t examined = 0;
+    // Handed-out entries come in name order on this thread, so this is where a stop is heard.
     auto tick = [&] {
         if (onProgress) onProgress(++examined);
+        if (stop != nullptr && stop->load(std::memory_order_acquire)) scan.Stop();
     };
-    FolderScan scan(folder, std::move(options));
     scan.Run(
         [&](ScanItem&& item) {
             records.push_back(Record{item.fname, true, std::move(item.pict)});
@@ -45,36 +63,57 @@ BatchExtractor::Report BatchExtractor::Write(const std::vector<Record>& records,
                                              const std::filesystem::path& source,
                                              const std::filesystem::path& target,
                                              std::atomic<std::size_t>* progress) {
+    return WriteAll(records, source, target, progress, nullptr);
+}
+
+BatchExtractor::Report BatchExtractor::Write(const std::vector<Record>& records,
+                                             const std::filesystem::path& source,
+                                             const std::filesystem::path& target,
+                                             Control& control) {
+    control.total.store(records.size(), std::memory_order_release);
+    return WriteAll(records, source, target, &control.done, &control.stop);
+}
+
+BatchExtractor::Report BatchExtractor::WriteAll(const std::vector<Record>& records,
+                                                const std::filesystem::path& source,
+                                                const std::filesystem::path& target,
+                                                std::atomic<std::size_t>* progress,
+                                                const std::atomic<bool>* stop) {
     Report report;
     std::error_code ec;
     const bool sameFolder = std::filesystem::equivalent(source, target, ec);
     std::size_t handled = 0;
     for (const Record& r : records) {
+        if (stop != nullptr && stop->load(std::memory_order_acquire)) break;
         if (progress) progress->store(++handled, std::memory_order_release);
-        if (!r.ifd1) continue;
-        const std::string name = TargetName(r.fname);
-        if (sameFolder) {
-            report.skipped.push_back({r.fname, "取り出し先が元のフォルダと同じです"});
-            continue;
-        }
-        const auto jpeg = JpegCodec::Encode(r.pict, kQuality);
-        if (jpeg.empty()) {
-            report.skipped.push_back({r.fname, "JPEGに変換できません"});
-            continue;
-        }
-        switch (OutputFile::CreateNew(target / name, jpeg)) {
-            case OutputFile::Result::Written:
-                ++report.written;
-                break;
-            case OutputFile::Result::Exists:
-                report.skipped.push_back({r.fname, "同じ名前のファイル " + name + " があります"});
-                break;
-            case OutputFile::Result::Failed:
-                report.skipped.push_back({r.fname, name + " を書き込めません"});
-                break;
-        }
+        if (r.ifd1) WriteOne(r, target, sameFolder, report);
     }
     return report;
+}
+
+void BatchExtractor::WriteOne(const Record& r, const std::filesystem::path& target, bool sameFolder,
+                              Report& report) {
+    const std::string name = TargetName(r.fname);
+    if (sameFolder) {
+        report.skipped.push_back({r.fname, "取り出し先が元のフォルダと同じです"});
+        return;
+    }
+    const auto jpeg = JpegCodec::Encode(r.pict, kQuality);
+    if (jpeg.empty()) {
+        report.skipped.push_back({r.fname, "JPEGに変換できません"});
+        return;
+    }
+    switch (OutputFile::CreateNew(target / name, jpeg)) {
+        case OutputFile::Result::Written:
+            ++report.written;
+            break;
+        case OutputFile::Result::Exists:
+            report.skipped.push_back({r.fname, "同じ名前のファイル " + name + " があります"});
+            break;
+        case OutputFile::Result::Failed:
+            report.skipped.push_back({r.fname, name + " を書き込めません"});
+            break;
+    }
 }
 
 }  // namespace lumivex

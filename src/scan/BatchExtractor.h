@@ -14,6 +14,8 @@
 
 namespace lumivex {
 
+class FolderScan;
+
 class BatchExtractor {
   public:
     // One candidate file of the source folder, in name order.
@@ -31,12 +33,22 @@ class BatchExtractor {
         std::vector<Skipped> skipped;
     };
 
+    // Shared between the thread that does the work and the one that shows its progress.
+    struct Control {
+        std::atomic<std::size_t> total{0};  // entries (Collect) or records (Write) to handle
+        std::atomic<std::size_t> done{0};
+        std::atomic<bool> stop{false};  // set by the other thread: end soon, keep what is done
+    };
+
     // Reads the folder; the scan goes no deeper. Candidates without a thumbnail are kept with
     // ifd1 false so that they can be reported.
     // onProgress gets the number of entries examined so far.
     static std::vector<Record> Collect(
         const std::filesystem::path& folder, ScanOptions options,
         const std::function<void(std::size_t)>& onProgress = nullptr);
+    // The same, reporting through `control` and ending early when it says stop.
+    static std::vector<Record> Collect(const std::filesystem::path& folder, ScanOptions options,
+                                       Control& control);
 
     static bool HasThumbnail(const std::vector<Record>& records);
     // The file name a record is written under: the name without its last extension + ".jpg".
@@ -46,8 +58,22 @@ class BatchExtractor {
     static Report Write(const std::vector<Record>& records, const std::filesystem::path& source,
                         const std::filesystem::path& target,
                         std::atomic<std::size_t>* progress = nullptr);
+    // The same, reporting through `control`; a stop leaves the remaining records unwritten.
+    static Report Write(const std::vector<Record>& records, const std::filesystem::path& source,
+                        const std::filesystem::path& target, Control& control);
 
     static constexpr int kQuality = 100;
+
+  private:
+    static std::vector<Record> CollectFrom(FolderScan& scan,
+                                           const std::function<void(std::size_t)>& onProgress,
+                                           const std::atomic<bool>* stop);
+    static Report WriteAll(const std::vector<Record>& records, const std::filesystem::path& source,
+                           const std::filesystem::path& target, std::atomic<std::size_t>* progress,
+                           const std::atomic<bool>* stop);
+    // Writes one record that has a thumbnail into `target`, noting a failure in `report`.
+    static void WriteOne(const Record& r, const std::filesystem::path& target, bool sameFolder,
+                         Report& report);
 };
 
 }  // namespace lumivex

@@ -1,21 +1,55 @@
 // The program as a process: it starts on the offscreen platform, and a SIGTERM takes the road
-// of a close, so the settings are written; a folder on the command line ends it at once.
+// of a close, so the settings are written; a folder on the command line is extracted and ends
+// it; what it cannot act on is said with a failing status.
 #include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 #include <QProcess>
 #include <QProcessEnvironment>
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 
+#include "ExifJpegBuilder.h"
 #include "ScratchDir.h"
 #include "core/PrefFile.h"
 #include "core/Settings.h"
+#include "core/Version.h"
 
 namespace lumivex {
 namespace {
 
 namespace fs = std::filesystem;
+
+// The receiving end of the program's readiness notice (NOTIFY_SOCKET, "READY=1").
+class ReadySocket {
+  public:
+    explicit ReadySocket(const fs::path& path) : path_(path.string()) {
+        fd_ = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+        sockaddr_un addr{};
+        addr.sun_family = AF_UNIX;
+        path_.copy(addr.sun_path, sizeof(addr.sun_path) - 1);
+        ::bind(fd_, reinterpret_cast<const sockaddr*>(&addr), sizeof(addr));
+    }
+    ~ReadySocket() { ::close(fd_); }
+    const std::string& path() const { return path_; }
+    // The notice's text, or "" when none came within the time.
+    std::string Wait(int timeoutMs) const {
+        pollfd p{fd_, POLLIN, 0};
+        if (::poll(&p, 1, timeoutMs) != 1) return {};
+        char buf[64] = {};
+        const auto n = ::recv(fd_, buf, sizeof(buf) - 1, 0);
+        return n > 0 ? std::string(buf, static_cast<std::size_t>(n)) : std::string();
+    }
+
+  private:
+    std::string path_;
+    int fd_ = -1;
+};
 
 class ProgramTest : public ::testing::Test {
   protected:
@@ -40,15 +74,14 @@ TEST_F(ProgramTest, TerminateSavesSettingsAndRemovesTheTemporaryFolder) {
     fs::create_directories(temp / "inner");
     std::ofstream(temp / "inner" / "placemark.kml") << "x";
 
+    ReadySocket ready(home_ / "notify");
+    env_.insert("NOTIFY_SOCKET", QString::fromStdString(ready.path()));
     QProcess p;
     p.setProcessEnvironment(env_);
     p.start(LUMIVEX_PLUS_PATH, {});
     ASSERT_TRUE(p.waitForStarted(10000));
-    // The first start creates the settings folder silently; give the window time to come up.
-    for (int i = 0; i < 100 && !fs::exists(home_ / ".config" / "Lumivex初期設定"); ++i)
-        ::usleep(50'000);
-    ::usleep(500'000);
-    EXPECT_FALSE(fs::exists(Settings()));  // only a close writes it
+    ASSERT_EQ(ready.Wait(30000), "READY=1");  // the window is up
+    EXPECT_FALSE(fs::exists(Settings()));     // only a close writes it
     p.terminate();
     ASSERT_TRUE(p.waitForFinished(10000));
     EXPECT_EQ(p.exitStatus(), QProcess::NormalExit);
@@ -64,13 +97,48 @@ TEST_F(ProgramTest, TerminateSavesSettingsAndRemovesTheTemporaryFolder) {
     EXPECT_FALSE(fs::exists(temp));
 }
 
-TEST_F(ProgramTest, AFolderOnTheCommandLineEndsTheProcessWithoutAWindow) {
-    QProcess p;
-    p.setProcessEnvironment(env_);
-    p.start(LUMIVEX_PLUS_PATH, {QString::fromStdString((home_ / "Desktop").string())});
-    ASSERT_TRUE(p.waitForFinished(10000));
-    EXPECT_EQ(p.exitCode(), 0);
-    EXPECT_FALSE(fs::exists(Settings()));
+TEST_F(ProgramTest, AFolderArgumentIsExtractedAndWhatIsNoFolderIsRefused) {
+    const fs::path source = home_ / "Card";
+    const fs::path target = home_ / "Out";
+    fs::create_directories(source);
+    fs::create_directories(target);
+    fixtures::ExifJpegBuilder b;
+    b.Ifd0().Ascii(0x010F, "M");
+    b.JpegThumbnail(160, 120);
+    b.Write(source / "IMG_0001.JPG");
+    b.Write(source / "DSC.0002.jpeg");
+    b.NoThumbnail();
+    b.Write(source / "IMG_0003.JPG");
+    auto run = [&](const QStringList& args, const QByteArray& input) {
+        auto p = std::make_unique<QProcess>();
+        p->setProcessEnvironment(env_);
+        p->start(LUMIVEX_PLUS_PATH, args);
+        p->write(input);  // the answer to the folder question: no screen, so it is asked here
+        p->closeWriteChannel();
+        EXPECT_TRUE(p->waitForFinished(30000));
+        return p;
+    };
+
+    auto p = run({QString::fromStdString(source.string())},
+                 QByteArray::fromStdString(target.string() + "\n"));
+    EXPECT_EQ(p->exitCode(), 0);
+    std::vector<std::string> written;
+    for (const auto& e : fs::directory_iterator(target))
+        written.push_back(e.path().filename());
+    std::sort(written.begin(), written.end());
+    EXPECT_EQ(written, (std::vector<std::string>{"DSC.0002.jpg", "IMG_0001.jpg"}));
+    EXPECT_FALSE(fs::exists(Settings()));  // only a close writes it
+
+    const fs::path file = source / "IMG_0001.JPG";
+    p = run({QString::fromStdString(file.string())}, {});
+    EXPECT_EQ(p->exitCode(), 2);
+    EXPECT_TRUE(QString::fromUtf8(p->readAllStandardError())
+                    .contains(QStringLiteral("はフォルダではありません")));
+
+    p = run({QStringLiteral("--version")}, {});
+    EXPECT_EQ(p->exitCode(), 0);
+    EXPECT_EQ(p->readAllStandardOutput().toStdString(),
+              std::string("Lumivex Plus ") + kVersionString + "\n");
 }
 
 }  // namespace

@@ -147,5 +147,30 @@ TEST_F(ScanTest, BatchExtractionNeverReplacesAFile) {
     EXPECT_EQ(std::distance(fs::directory_iterator(Card()), fs::directory_iterator()), before);
 }
 
+TEST_F(ScanTest, BatchExtractionReportsProgressAndStops) {
+    for (int i = 0; i < 40; ++i)
+        Camera("IMG_" + std::to_string(100 + i) + ".JPG");
+    const fs::path out = dir_.path() / "out";
+    fs::create_directories(out);
+
+    BatchExtractor::Control reading;
+    const auto records = BatchExtractor::Collect(Card(), Options(), reading);
+    EXPECT_EQ(records.size(), 40u);
+    EXPECT_EQ(reading.total.load(), 40u);
+    EXPECT_EQ(reading.done.load(), 40u);
+    BatchExtractor::Control stopped;
+    stopped.stop = true;  // heard at the first entry handed out
+    EXPECT_LT(BatchExtractor::Collect(Card(), Options(), stopped).size(), 40u);
+
+    BatchExtractor::Control halted;
+    halted.stop = true;
+    EXPECT_EQ(BatchExtractor::Write(records, Card(), out, halted).written, 0u);
+    EXPECT_TRUE(fs::is_empty(out));
+    BatchExtractor::Control writing;
+    EXPECT_EQ(BatchExtractor::Write(records, Card(), out, writing).written, 40u);
+    EXPECT_EQ(writing.total.load(), 40u);
+    EXPECT_EQ(writing.done.load(), 40u);
+}
+
 }  // namespace
 }  // namespace lumivex
