@@ -14,11 +14,11 @@ namespace fs = std::filesystem;
 
 // Files relative to `s`; a name ending in '*' becomes an executable program with
 // googleearth-bin beside it, as its package installs it. "a->b" makes a link a to b.
-void Make(const fs::path& s, const std::string& spec) {
-    if (const auto arrow = spec.find("->"); arrow != std::string::npos)
-        return fs::create_symlink(s / spec.substr(arrow + 2), s / spec.substr(0, arrow));
-    const bool program = spec.back() == '*';
-    const fs::path file = s / (program ? spec.substr(0, spec.size() - 1) : spec);
+void Make(const fs::path& s, const std::string& entry) {
+    if (const auto arrow = entry.find("->"); arrow != std::string::npos)
+        return fs::create_symlink(s / entry.substr(arrow + 2), s / entry.substr(0, arrow));
+    const bool program = entry.back() == '*';
+    const fs::path file = s / (program ? entry.substr(0, entry.size() - 1) : entry);
     fs::create_directories(file.parent_path());
     std::ofstream(file) << "#!/bin/sh\n";
     ::chmod(file.c_str(), program ? 0755 : 0644);
