@@ -118,11 +118,11 @@ void ExportController::ExportExif(const ItemRecord& item) {
     ExifReader reader;
     reader.fitem = item.path;
     reader.SaveThumbNail([&](const ThumbnailBlock& block) {
-        const bool jpeg = block.type == "image/jpeg";
-        const QStringList filters{jpeg ? QStringLiteral("JPEG (*.jpg *.jpeg)")
-                                       : QStringLiteral("TIFF (*.tiff *.tif)")};
+        const ImageFormat format = block.type == "image/jpeg"
+                                       ? ImageFormat{"jpeg", {"jpg", "jpeg"}}
+                                       : ImageFormat{"tiff", {"tiff", "tif"}};
         return AskTarget(QStringLiteral("exif形式で書き出し"),
-                         QString::fromStdString(block.suggestedName), filters);
+                         QString::fromStdString(block.suggestedName), {format});
     });
     if (!reader.ret) WriteFailed();
 }
@@ -130,57 +130,50 @@ void ExportController::ExportExif(const ItemRecord& item) {
 void ExportController::ExportJpeg(const ItemRecord& item, const std::string& body) {
     const auto target =
         AskTarget(QStringLiteral("非圧縮jpegで書き出し"), QString::fromStdString(body + ".jpg"),
-                  {QStringLiteral("JPEG (*.jpg *.jpeg)")});
+                  {ImageFormat{"jpeg", {"jpg", "jpeg"}}});
     if (!target) return;
     if (!Write(*target, JpegCodec::Encode(item.pict, 100))) WriteFailed();
 }
 
 void ExportController::ExportAs(const ItemRecord& item, const std::string& body) {
     const std::vector<ImageFormat> formats = WritableFormats();
-    QStringList filters;
-    for (const auto& f : formats)
-        filters << QString::fromStdString(ExportFormatChoice::FilterText(f));
-    QString filter;
-    const auto answer = AskTarget(QStringLiteral("形式を指定して書き出し"),
-                                  QString::fromStdString(body), filters, &filter);
-    if (!answer) return;
-    const auto choice = ExportFormatChoice::Choose(formats, answer->string(),
-                                                   static_cast<int>(filters.indexOf(filter)));
-    const std::filesystem::path target = choice.file;
-    // An extension added after the dialog may name a picture the dialog never saw.
-    if (choice.format < 0 || (target != *answer && Protected(target))) {
-        if (choice.format >= 0)
-            prompter_.CautionOk(window_, QStringLiteral("元の画像ファイルには書き出せません。"),
-                                kNotWritten, prefs_.gPref[10] == 1);
-        else
-            WriteFailed();
-        return;
-    }
+    int chosen = -1;
+    const auto target = AskTarget(QStringLiteral("形式を指定して書き出し"),
+                                  QString::fromStdString(body), formats, &chosen);
+    if (!target) return;
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    const auto& format = formats[static_cast<std::size_t>(choice.format)];
+    const auto& format = formats[static_cast<std::size_t>(chosen)];
     QImageWriter writer(&buffer, QByteArray::fromStdString(format.name));
     if (format.name == "jpeg" || format.name == "jpg" || format.name == "webp")
         writer.setQuality(100);
     const bool encoded = !item.pict.IsNull() && writer.write(ImageOf(item.pict));
     const auto* data = reinterpret_cast<const std::uint8_t*>(bytes.constData());
-    if (!encoded || !Write(target, {data, static_cast<std::size_t>(bytes.size())})) WriteFailed();
+    if (!encoded || !Write(*target, {data, static_cast<std::size_t>(bytes.size())})) WriteFailed();
 }
 
-std::optional<std::filesystem::path> ExportController::AskTarget(const QString& title,
-                                                                 const QString& name,
-                                                                 const QStringList& filters,
-                                                                 QString* filter) {
+std::optional<std::filesystem::path> ExportController::AskTarget(
+    const QString& title, const QString& name, const std::vector<ImageFormat>& formats,
+    int* chosen) {
     SaveRequest request;
     request.title = title;
     request.suggested = QDir(lastFolder_).filePath(name);
-    request.filters = filters;
+    for (const auto& f : formats)
+        request.filters << QString::fromStdString(ExportFormatChoice::FilterText(f));
     const auto answer = prompter_.SaveFileAs(window_, request);
     if (!answer) return std::nullopt;
     lastFolder_ = QFileInfo(answer->file).absolutePath();
-    if (filter != nullptr) *filter = answer->filter;
-    const std::filesystem::path target = PathOf(answer->file);
+    // The typed name gets the chosen type's extension when it has none of a format on offer.
+    const auto choice =
+        ExportFormatChoice::Choose(formats, answer->file.toStdString(),
+                                   static_cast<int>(request.filters.indexOf(answer->filter)));
+    if (choice.format < 0) {
+        WriteFailed();
+        return std::nullopt;
+    }
+    if (chosen != nullptr) *chosen = choice.format;
+    const std::filesystem::path target = choice.file;
     if (Protected(target)) {
         prompter_.CautionOk(window_, QStringLiteral("元の画像ファイルには書き出せません。"),
                             QStringLiteral("別の名前か別のフォルダを指定して下さい。"),
@@ -248,7 +241,7 @@ void ExportController::Feed() {
     }
     const std::size_t backlog = worker_.ExportBacklog();
     if (backlog >= kFeedAhead || next_ >= count_) return;
-    const std::size_t n = std::min(kFeedAhead - backlog, count_ - next_);
+    const std::size_t n = std::min({kFeedAhead - backlog, count_ - next_, kFeedStep});
     std::vector<ExportEntry> batch;
     batch.reserve(n);
     for (std::size_t i = 0; i < n; ++i, ++next_) {

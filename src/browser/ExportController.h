@@ -38,6 +38,9 @@ class ExportController : public QObject {
     // Pictures handed to the worker ahead of its writing: enough for a few polls, few
     // enough that a large card is not held twice.
     static constexpr std::size_t kFeedAhead = 256;
+    // Pictures copied in one go: the copies are the main thread's share of the work, and a
+    // hundred keep each poll near a millisecond and still outrun the writing.
+    static constexpr std::size_t kFeedStep = 128;
 
     // All references outlive the controller; `window` parents the dialogs.
     ExportController(const Settings& prefs, Prompter& prompter, ScanWorker& worker,
@@ -72,10 +75,11 @@ class ExportController : public QObject {
     void ExportJpeg(const ItemRecord& item, const std::string& body);
     void ExportAs(const ItemRecord& item, const std::string& body);
     bool ConfirmExif(const ItemRecord& item);
-    // The dialog's answer, unless it names a source picture (then the user is told).
+    // The file to write in one of `formats` (its index into `chosen`), from a save dialog;
+    // nothing when cancelled or when the name is a source picture (then the user is told).
     std::optional<std::filesystem::path> AskTarget(const QString& title, const QString& name,
-                                                   const QStringList& filters,
-                                                   QString* filter = nullptr);
+                                                   const std::vector<ImageFormat>& formats,
+                                                   int* chosen = nullptr);
     bool Protected(const std::filesystem::path& target) const;
     void WriteFailed();
     void Refuse();

@@ -151,7 +151,7 @@ TEST_F(ExportTest, JpegIsTheTurnedPicture) {
     AddCameraItem("IMG_0001.JPG");
     ItemRotation::RotateImageRSingle(items_[0]);
     const fs::path target = out_ / "R.jpg";
-    prompter_.files = {QString::fromStdString(target.string())};
+    prompter_.files = {QString::fromStdString((out_ / "R").string())};  // typed without extension
     ctl_.ExportThumbNail(1, 0, ExportController::kJpeg);
     const auto bytes = Bytes(target);
     const Picture written = JpegCodec::Decode(bytes);
@@ -211,23 +211,23 @@ TEST_F(ExportTest, CopyTakesOnlyTheOneSelectedItem) {
     EXPECT_EQ(copied.pixelColor(0, 0), QColor(1, 0x80, 0x40));
 }
 
-// The worker gets the pictures a batch at a time; held at one batch and stopped, it leaves
-// whole files of that batch and nothing else.
+// The worker gets the pictures a batch at a time; held at the first batch and stopped, it
+// leaves whole files of that batch and nothing else.
 TEST_F(ExportTest, StoppedExportKeepsWhatWasWritten) {
     AddSmallItems(static_cast<int>(ExportController::kFeedAhead) + 40);
     prompter_.files = {QString::fromStdString(out_.string())};
     ASSERT_TRUE(ctl_.ExportThumbNailAll());
     EXPECT_TRUE(strip_.JobShown());
     EXPECT_EQ(strip_.ProgressBar1->maximum(), static_cast<int>(items_.size()) - 1);
-    for (int i = 0; i < 2000 && worker_.ProgVal() < ExportController::kFeedAhead; ++i)
+    for (int i = 0; i < 2000 && worker_.ProgVal() < ExportController::kFeedStep; ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     strip_.PushButton1->click();
     ASSERT_TRUE(WaitForEnd());
     EXPECT_FALSE(strip_.JobShown());
-    EXPECT_EQ(FilesIn(out_), ExportController::kFeedAhead);
+    EXPECT_EQ(FilesIn(out_), ExportController::kFeedStep);
     EXPECT_FALSE(JpegCodec::Decode(Bytes(out_ / "IMG_1000.jpg")).IsNull());
     EXPECT_FALSE(
-        fs::exists(out_ / ("IMG_" + std::to_string(1000 + ExportController::kFeedAhead) + ".jpg")));
+        fs::exists(out_ / ("IMG_" + std::to_string(1000 + ExportController::kFeedStep) + ".jpg")));
 }
 
 // Export-all into the shown folder itself must never replace a source picture, even one
