@@ -54,11 +54,11 @@ void ScanWorker::MarkDone(Job& job) {
     job.ended.notify_all();
 }
 
-bool ScanWorker::StartExport(ExportJob spec) {
+bool ScanWorker::StartExport(ExportJob order) {
     if (Running()) return false;
     job_ = std::make_shared<Job>();
-    job_->total.store(spec.count);
-    thread_ = std::thread(&ScanWorker::RunExport, job_, std::move(spec));
+    job_->total.store(order.count);
+    thread_ = std::thread(&ScanWorker::RunExport, job_, std::move(order));
     return true;
 }
 
@@ -100,19 +100,19 @@ bool ScanWorker::NextEntry(Job& job, ExportEntry& entry) {
     return true;
 }
 
-void ScanWorker::RunExport(const std::shared_ptr<Job>& job, ExportJob spec) {
+void ScanWorker::RunExport(const std::shared_ptr<Job>& job, ExportJob order) {
     // Built here: the source folders are looked up on this thread, not the window's.
-    const ExportTargets targets(spec.sourceFolders);
-    for (std::size_t i = 0; i < spec.count; ++i) {
+    const ExportTargets targets(order.sourceFolders);
+    for (std::size_t i = 0; i < order.count; ++i) {
         ExportEntry entry;
         if (!NextEntry(*job, entry)) break;
         const std::string name = ExportTargets::TargetName(entry.fname);
         if (entry.ifd1 && !entry.pict.IsNull() && !name.empty()) {
-            const std::filesystem::path target = spec.folder / name;
+            const std::filesystem::path target = order.folder / name;
             if (targets.Protects(target)) {
                 job->spared.fetch_add(1);
             } else {
-                const auto bytes = JpegCodec::Encode(entry.pict, spec.quality);
+                const auto bytes = JpegCodec::Encode(entry.pict, order.quality);
                 const bool ok = !bytes.empty() &&
                                 OutputFile::Replace(target, bytes) == OutputFile::Result::Written;
                 (ok ? job->written : job->failed).fetch_add(1);

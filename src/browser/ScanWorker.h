@@ -78,7 +78,7 @@ class ScanWorker {
     };
     static void Run(const std::shared_ptr<Job>& job, std::filesystem::path folder,
                     ScanOptions options);
-    static void RunExport(const std::shared_ptr<Job>& job, ExportJob spec);
+    static void RunExport(const std::shared_ptr<Job>& job, ExportJob order);
     static bool NextEntry(Job& job, ExportEntry& entry);
     static void MarkDone(Job& job);
 

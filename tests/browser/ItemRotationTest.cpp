@@ -18,13 +18,6 @@ ItemRecord Item(int w, int h) {
     return item;
 }
 
-TEST(ItemRotation, CountWrapsBothWays) {
-    const std::vector<std::tuple<int, int, int>> cases{
-        {0, 1, 1}, {3, 1, 0}, {0, -1, 3}, {2, -1, 1}, {1, 1, 2}};
-    for (const auto& [value, delta, result] : cases)
-        EXPECT_EQ(ItemRotation::RotateImageCnt(value, delta), result) << value << " " << delta;
-}
-
 TEST(ItemRotation, TurnsOneItemAndBack) {
     const ItemRecord original = Item(4, 3);
     std::vector<ItemRecord> items{original};
