@@ -2,6 +2,7 @@
 // Every question and message the program puts to the user goes through this one interface,
 // so that tests can answer them. QtPrompter shows real dialogs; tests script their own.
 #include <QString>
+#include <QStringList>
 #include <optional>
 
 class QWidget;
@@ -15,6 +16,19 @@ struct CautionRequest {
     QString alternate;
     QString message;
     QString explanation;
+};
+
+// A save dialog with a choice of file types: the filters as "NAME (*.a *.b)" lines.
+struct SaveRequest {
+    QString title;
+    QString suggested;  // a path or a bare name
+    QStringList filters;
+    QString selectedFilter;  // one of the filters; the first when empty
+};
+
+struct SaveAnswer {
+    QString file;
+    QString filter;  // the filter the user left chosen
 };
 
 class Prompter {
@@ -33,6 +47,9 @@ class Prompter {
     // A file name to save to, starting at `suggested`; nothing when the user cancels.
     virtual std::optional<QString> SaveFile(QWidget* parent, const QString& title,
                                             const QString& suggested) = 0;
+    // The same with file types to choose from. By default the plain SaveFile, with the
+    // selected filter kept.
+    virtual std::optional<SaveAnswer> SaveFileAs(QWidget* parent, const SaveRequest& request);
     // A folder to write into; nothing when the user cancels.
     virtual std::optional<QString> ChooseFolder(QWidget* parent, const QString& title) = 0;
 

@@ -37,6 +37,17 @@ std::optional<QString> QtPrompter::SaveFile(QWidget* parent, const QString& titl
     return file;
 }
 
+std::optional<SaveAnswer> QtPrompter::SaveFileAs(QWidget* parent, const SaveRequest& request) {
+    QString selected = request.selectedFilter.isEmpty() && !request.filters.isEmpty()
+                           ? request.filters.front()
+                           : request.selectedFilter;
+    const QString file =
+        QFileDialog::getSaveFileName(parent, request.title, request.suggested,
+                                     request.filters.join(QStringLiteral(";;")), &selected);
+    if (file.isEmpty()) return std::nullopt;
+    return SaveAnswer{file, selected};
+}
+
 std::optional<QString> QtPrompter::ChooseFolder(QWidget* parent, const QString& title) {
     const QString dir = QFileDialog::getExistingDirectory(parent, title);
     if (dir.isEmpty()) return std::nullopt;

@@ -10,6 +10,7 @@ class QtPrompter : public Prompter {
     void Message(QWidget* parent, const QString& text) override;
     std::optional<QString> SaveFile(QWidget* parent, const QString& title,
                                     const QString& suggested) override;
+    std::optional<SaveAnswer> SaveFileAs(QWidget* parent, const SaveRequest& request) override;
     std::optional<QString> ChooseFolder(QWidget* parent, const QString& title) override;
 };
 

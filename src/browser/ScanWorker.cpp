@@ -1,5 +1,9 @@
 #include "browser/ScanWorker.h"
 
+#include "core/JpegCodec.h"
+#include "core/OutputFile.h"
+#include "scan/ExportTargets.h"
+
 namespace lumivex {
 
 ScanWorker::~ScanWorker() {
@@ -36,18 +40,97 @@ void ScanWorker::Run(const std::shared_ptr<Job>& job, std::filesystem::path fold
         job->progress.store(++examined, std::memory_order_release);
     };
     scan.Run(onItem, onSkip);
-    std::lock_guard lock(job->m);
-    job->scan = nullptr;
-    job->end.store(true, std::memory_order_release);
-    job->done = true;
-    job->ended.notify_all();
+    {
+        std::lock_guard lock(job->m);
+        job->scan = nullptr;
+    }
+    MarkDone(*job);
+}
+
+void ScanWorker::MarkDone(Job& job) {
+    std::lock_guard lock(job.m);
+    job.end.store(true, std::memory_order_release);
+    job.done = true;
+    job.ended.notify_all();
+}
+
+bool ScanWorker::StartExport(ExportJob order) {
+    if (Running()) return false;
+    job_ = std::make_shared<Job>();
+    job_->total.store(order.count);
+    thread_ = std::thread(&ScanWorker::RunExport, job_, std::move(order));
+    return true;
+}
+
+void ScanWorker::FeedExport(std::vector<ExportEntry> entries) {
+    if (!job_ || entries.empty()) return;
+    {
+        std::lock_guard lock(job_->m);
+        for (auto& e : entries)
+            job_->feed.push_back(std::move(e));
+    }
+    job_->fed.notify_one();
+}
+
+std::size_t ScanWorker::ExportBacklog() const {
+    if (!job_) return 0;
+    std::lock_guard lock(job_->m);
+    return job_->feed.size();
+}
+
+std::size_t ScanWorker::Written() const {
+    return job_ ? job_->written.load() : 0;
+}
+
+std::size_t ScanWorker::Failed() const {
+    return job_ ? job_->failed.load() : 0;
+}
+
+std::size_t ScanWorker::Protected() const {
+    return job_ ? job_->spared.load() : 0;
+}
+
+// Waits for the next fed item; false when the job is to stop instead.
+bool ScanWorker::NextEntry(Job& job, ExportEntry& entry) {
+    std::unique_lock lock(job.m);
+    job.fed.wait(lock, [&] { return job.stop.load() || !job.feed.empty(); });
+    if (job.stop.load()) return false;
+    entry = std::move(job.feed.front());
+    job.feed.pop_front();
+    return true;
+}
+
+void ScanWorker::RunExport(const std::shared_ptr<Job>& job, ExportJob order) {
+    // Built here: the source folders are looked up on this thread, not the window's.
+    const ExportTargets targets(order.sourceFolders);
+    for (std::size_t i = 0; i < order.count; ++i) {
+        ExportEntry entry;
+        if (!NextEntry(*job, entry)) break;
+        const std::string name = ExportTargets::TargetName(entry.fname);
+        if (entry.ifd1 && !entry.pict.IsNull() && !name.empty()) {
+            const std::filesystem::path target = order.folder / name;
+            if (targets.Protects(target)) {
+                job->spared.fetch_add(1);
+            } else {
+                const auto bytes = JpegCodec::Encode(entry.pict, order.quality);
+                const bool ok = !bytes.empty() &&
+                                OutputFile::Replace(target, bytes) == OutputFile::Result::Written;
+                (ok ? job->written : job->failed).fetch_add(1);
+            }
+        }
+        job->progress.store(i + 1, std::memory_order_release);
+    }
+    MarkDone(*job);
 }
 
 void ScanWorker::Stop() {
     if (!job_) return;
     job_->stop.store(true);
-    std::lock_guard lock(job_->m);
-    if (job_->scan != nullptr) job_->scan->Stop();
+    {
+        std::lock_guard lock(job_->m);
+        if (job_->scan != nullptr) job_->scan->Stop();
+    }
+    job_->fed.notify_all();
 }
 
 bool ScanWorker::End() const {

@@ -21,14 +21,24 @@ class ScriptedPrompter : public Prompter {
         asked << title;
         return files.empty() ? std::nullopt : std::optional<QString>(files.front());
     }
+    std::optional<SaveAnswer> SaveFileAs(QWidget*, const SaveRequest& request) override {
+        asked << request.title;
+        filtersOffered = request.filters;
+        if (files.empty()) return std::nullopt;
+        QString filter = filterAnswer.isEmpty() ? request.selectedFilter : filterAnswer;
+        if (filter.isEmpty() && !request.filters.isEmpty()) filter = request.filters.front();
+        return SaveAnswer{files.front(), filter};
+    }
     std::optional<QString> ChooseFolder(QWidget*, const QString& title) override {
         asked << title;
         return files.empty() ? std::nullopt : std::optional<QString>(files.front());
     }
 
-    QStringList asked;        // every message and title, in order
-    std::deque<int> answers;  // results of Caution, in order; cancel when empty
-    QStringList files;        // the answer of the file and folder choosers
+    QStringList asked;           // every message and title, in order
+    std::deque<int> answers;     // results of Caution, in order; cancel when empty
+    QStringList files;           // the answer of the file and folder choosers
+    QString filterAnswer;        // the file type a save dialog answers; its own choice when empty
+    QStringList filtersOffered;  // the file types of the last save dialog
 };
 
 }  // namespace lumivex
