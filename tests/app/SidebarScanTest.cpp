@@ -18,6 +18,7 @@
 #include "browser/ThumbnailCanvas.h"
 #include "core/Settings.h"
 #include "sidebar/SidebarView.h"
+#include "sidebar/VolumeWatcher.h"
 
 namespace lumivex {
 namespace {
@@ -86,7 +87,6 @@ TEST_F(SidebarScanTest, RestingPointerNamesCutLabelsAndMenuFollowsSelection) {
     QSignalSpy done(w_, &MainWindow::scanFinished);
     w_->SelFolder1((desktop_ / "Card").string());
     ASSERT_TRUE(done.wait(10000));
-    w_->Canvas()->repaint();  // painting finds which labels had to be cut
     const auto& items = w_->Items();
     ASSERT_EQ(items.size(), 2u);
     EXPECT_TRUE(items[0].compact);
@@ -163,13 +163,13 @@ TEST_F(SidebarScanTest, TheQuitEjectsOnlyAStillMountedCardAndSaysWhatWentWrong) 
     }
     EXPECT_FALSE(fs::exists(log));
     EXPECT_TRUE(prompter_.asked.isEmpty());
-    EXPECT_TRUE(o->Observing());
+    EXPECT_TRUE(w_->Volumes()->Observing());
 
     // The script's failure is reported with its code; the observer was removed first.
     o->gFI = "/proc";
     w_->UnmountCam();
     EXPECT_EQ(prompter_.asked, QStringList({"error code: 3"}));
-    EXPECT_FALSE(o->Observing());
+    EXPECT_FALSE(w_->Volumes()->Observing());
     std::ifstream in(log);
     std::string arg;
     std::getline(in, arg);

@@ -5,7 +5,7 @@
 
 #include "SidebarTestSupport.h"
 #include "core/Settings.h"
-#include "sidebar/FolderTree.h"
+#include "model/FolderTree.h"
 #include "sidebar/SidebarModel.h"
 
 namespace lumivex {

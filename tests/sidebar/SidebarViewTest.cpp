@@ -8,7 +8,7 @@
 
 #include "SidebarTestSupport.h"
 #include "core/Settings.h"
-#include "sidebar/FolderTree.h"
+#include "model/FolderTree.h"
 #include "sidebar/SidebarDelegate.h"
 #include "sidebar/SidebarModel.h"
 #include "sidebar/SidebarView.h"

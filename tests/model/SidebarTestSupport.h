@@ -3,7 +3,6 @@
 #include <stdlib.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -11,27 +10,14 @@
 #include <vector>
 
 #include "ExifJpegBuilder.h"
+#include "ScratchDir.h"
 
 namespace lumivex::test {
 
-class ScratchTree {
+class ScratchTree : public fixtures::ScratchDir {
   public:
-    ScratchTree() {
-        static std::atomic<int> serial{0};
-        root_ = std::filesystem::temp_directory_path() /
-                ("lumivex-sidebar-" + std::to_string(::getpid()) + "-" + std::to_string(serial++));
-        std::filesystem::remove_all(root_);
-        std::filesystem::create_directories(root_);
-    }
-    ~ScratchTree() {
-        std::error_code ec;
-        std::filesystem::remove_all(root_, ec);
-    }
-    ScratchTree(const ScratchTree&) = delete;
-    ScratchTree& operator=(const ScratchTree&) = delete;
-
     std::filesystem::path Path(const std::string& rel = "") const {
-        return rel.empty() ? root_ : root_ / rel;
+        return rel.empty() ? path() : path() / rel;
     }
     std::string Str(const std::string& rel = "") const { return Path(rel).string(); }
 
@@ -54,9 +40,6 @@ class ScratchTree {
     void Link(const std::filesystem::path& target, const std::string& rel) const {
         std::filesystem::create_symlink(target, Path(rel));
     }
-
-  private:
-    std::filesystem::path root_;
 };
 
 // Makes `tree` the user's home (its "config" the settings folder) until the object goes.

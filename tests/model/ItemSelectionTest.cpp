@@ -3,7 +3,7 @@
 #include <set>
 #include <vector>
 
-#include "browser/ItemSelection.h"
+#include "model/ItemSelection.h"
 
 namespace lumivex {
 namespace {

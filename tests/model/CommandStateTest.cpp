@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "browser/CommandState.h"
-#include "browser/ContextMenuItems.h"
+#include "model/CommandState.h"
+#include "model/ContextMenuItems.h"
 
 namespace lumivex {
 namespace {

@@ -3,7 +3,7 @@
 #include <utility>
 #include <vector>
 
-#include "browser/GridLayout.h"
+#include "model/GridLayout.h"
 
 namespace lumivex {
 namespace {

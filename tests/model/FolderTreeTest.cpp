@@ -4,7 +4,7 @@
 
 #include "SidebarTestSupport.h"
 #include "core/Settings.h"
-#include "sidebar/FolderTree.h"
+#include "model/FolderTree.h"
 
 namespace lumivex {
 namespace {
