@@ -5,12 +5,13 @@
 #include <QMenu>
 #include <QScrollBar>
 #include <QSplitter>
-#include <QToolTip>
-#include <algorithm>
 
+#include "browser/MenuOfTexts.h"
 #include "browser/Prompter.h"
+#include "browser/RestingToolTip.h"
 #include "browser/ScanProgressStrip.h"
 #include "browser/ThumbnailCanvas.h"
+#include "browser/WindowFrame.h"
 #include "core/Settings.h"
 #include "model/ContextMenuItems.h"
 #include "model/FolderTree.h"
@@ -32,9 +33,7 @@ MainWindow::MainWindow(Settings& prefs, Prompter& prompter, QWidget* parent)
     setWindowTitle(QStringLiteral("Lumivex Plus"));
     setMinimumSize(kMinWidth, kMinHeight);
     resize(kMinWidth, kMinHeight);
-    Timer1.setInterval(1000);
     Timer2.setInterval(10);
-    connect(&Timer1, &QTimer::timeout, this, &MainWindow::Timer1_Action);
     connect(&Timer2, &QTimer::timeout, this, &MainWindow::Timer2_Action);
 }
 
@@ -43,11 +42,12 @@ MainWindow::~MainWindow() = default;
 void MainWindow::InitApp() {
     InitSplitView();
     WatchVolumes();
-    InitWinPos();
+    pFrame = std::make_unique<WindowFrame>(*this, *pSplit, *Canvas1, kScrollBarWidth);
+    pFrame->Restore(pPrefs);
     InitVal();
     InitScrollbar();
     InitOffScreen(false);
-    Timer1.start();
+    pToolTip->Start();
     pOutline->AutoSelect();
 }
 
@@ -64,7 +64,6 @@ void MainWindow::InitSplitView() {
     connect(pOutline, &SidebarView::selectionDidChange, this, &MainWindow::OutlineDidSelRow);
     connect(pStrip, &ScanProgressStrip::stopClicked, this, &MainWindow::PushButton1_Action);
     connect(Canvas1, &ThumbnailCanvas::pressed, this, &MainWindow::Canvas1_MouseDown);
-    connect(Canvas1, &ThumbnailCanvas::moved, this, &MainWindow::Canvas1_MouseMove);
     connect(Canvas1, &ThumbnailCanvas::wheelLines, this, &MainWindow::Canvas1_MouseWheel);
 }
 
@@ -78,6 +77,7 @@ QWidget* MainWindow::MakePane(QWidget* parent) {
     Canvas1 = new ThumbnailCanvas(pane);
     Canvas1->SetItems(&pScan.Items(), &pScan.Layout());
     Canvas1->installEventFilter(this);
+    pToolTip = std::make_unique<RestingToolTip>(*Canvas1, pScan.Items());
     ScrollBarV = new QScrollBar(Qt::Vertical, pane);
     ScrollBarV->setFixedWidth(kScrollBarWidth);
     pStrip = new ScanProgressStrip(pane);
@@ -99,20 +99,7 @@ void MainWindow::WatchVolumes() {
     pEject = std::make_unique<CameraEject>(pPrompter, *pVolumes);
 }
 
-// The frame the user left is restored as it was; sizes below the minimum give the minimum.
-void MainWindow::InitWinPos() {
-    const auto& p = pPrefs.gPref;
-    int left = p[41] > 0 ? static_cast<int>(p[41]) : x();
-    int top = p[42] > 0 ? static_cast<int>(p[42]) : y();
-    move(left, top);
-    const int w = p[43] > 0 ? static_cast<int>(std::max<std::int64_t>(p[43], kMinWidth)) : width();
-    const int h =
-        p[44] > 0 ? static_cast<int>(std::max<std::int64_t>(p[44], kMinHeight)) : height();
-    resize(w, h);
-}
-
 void MainWindow::InitVal() {
-    ResizeSeparatePos(static_cast<int>(pPrefs.gPref[45]));
     Canvas1->SetColors(static_cast<int>(pPrefs.gPref[4]), static_cast<int>(pPrefs.gPref[5]));
     const bool fullNames = pPrefs.gPref[33] != 0;
     Canvas1->SetFullNames(fullNames);
@@ -128,18 +115,6 @@ void MainWindow::InitScrollbar() {
     ScrollBarV->setSingleStep(kLineStep);
     ScrollBarV->setMinimum(0);
     connect(ScrollBarV, &QScrollBar::valueChanged, this, &MainWindow::ScrollBarV_ValueChanged);
-}
-
-// The divider: the sidebar at least 100 pixels, the pane too; `left` is the canvas's left edge.
-void MainWindow::ResizeSeparatePos(int left) {
-    left = GridLayout::ClampDivider(left, GridLayout::DividerLimit(width(), kScrollBarWidth));
-    const int total = pSplit->width() > 0 ? pSplit->width() : width();
-    const int sidebar = std::max(100, left - pSplit->handleWidth());
-    pSplit->setSizes({sidebar, std::max(100, total - sidebar - pSplit->handleWidth())});
-}
-
-int MainWindow::CanvasLeft() const {
-    return Canvas1->mapTo(this, QPoint(0, 0)).x();
 }
 
 // ---- the scan -------------------------------------------------------------------------
@@ -251,16 +226,7 @@ void MainWindow::Canvas1_MouseDown(int x, int y, Qt::MouseButton button,
 
 QMenu* MainWindow::BuildContextMenu(QWidget* parent) {
     const bool gps = pCommands.Enabled(CommandState::kGoogleEarth);
-    const auto texts = ContextMenuItems(pSelection.pCidxFlg, gps);
-    if (texts.empty()) return nullptr;
-    auto* menu = new QMenu(parent);
-    for (const auto& text : texts) {
-        if (text == menutext::kSeparator)
-            menu->addSeparator();
-        else
-            menu->addAction(QString::fromStdString(text));
-    }
-    return menu;
+    return MenuOfTexts(ContextMenuItems(pSelection.pCidxFlg, gps), parent);
 }
 
 void MainWindow::ItemUnselect() {
@@ -280,37 +246,12 @@ void MainWindow::SetBtnStat(int state) {
     pCommands.SetBtnStat(state, pPrefs.gPref[50] == 1, [](int) { return false; });
 }
 
+const QString& MainWindow::ToolTipText() const {
+    return pToolTip->Text();
+}
+
 void MainWindow::SetBtnStatAll(bool enable) {
     pCommands.SetBtnStatAll(enable);
-}
-
-void MainWindow::Canvas1_MouseMove(int x, int y) {
-    pMouseX = x;
-    pMouseY = y;
-    Timer1.start();
-}
-
-void MainWindow::Timer1_Action() {
-    ShowToolTips(pMouseX == pMouseX2 && pMouseY == pMouseY2);
-    pMouseX2 = pMouseX;
-    pMouseY2 = pMouseY;
-}
-
-// The full name of a thumbnail whose label is cut, once the pointer has rested on it.
-void MainWindow::ShowToolTips(bool on) {
-    const int i = on ? ItemSelection::HitIndex(Items(), pMouseX, pMouseY + Canvas1->ScrollY()) : -1;
-    if (on && i < 0) return;  // over the ground a shown tip stays until the pointer moves
-    if (i < 0 || !Items()[static_cast<std::size_t>(i)].compact) return HideToolTip();
-    const ItemRecord& item = Items()[static_cast<std::size_t>(i)];
-    pToolTip = Canvas1->LabelOf(item);
-    const QRect cell(item.x, item.y - Canvas1->ScrollY(), item.w, item.h);
-    QToolTip::showText(Canvas1->mapToGlobal(QPoint(pMouseX, pMouseY)), pToolTip, Canvas1, cell);
-    Timer1.stop();
-}
-
-void MainWindow::HideToolTip() {
-    pToolTip.clear();
-    QToolTip::hideText();
 }
 
 // ---- window events ---------------------------------------------------------------------
@@ -340,13 +281,8 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 void MainWindow::Event_CancelClose() {
     if (pClosed) return;
     pClosed = true;
-    auto& p = pPrefs.gPref;
-    p[41] = x();
-    p[42] = y();
-    p[43] = width();
-    p[44] = height();
-    p[45] = CanvasLeft();
-    Timer1.stop();
+    pFrame->Save(pPrefs);
+    pToolTip->Stop();
     Timer2.stop();
     if (pWorker.Running()) {
         pWorker.Stop();

@@ -25,10 +25,12 @@ namespace lumivex {
 
 class SidebarView;
 class Prompter;
+class RestingToolTip;
 class ScanProgressStrip;
 class Settings;
 class ThumbnailCanvas;
 class VolumeWatcher;
+class WindowFrame;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -83,7 +85,7 @@ class MainWindow : public QMainWindow {
     ScanProgressStrip* ProgressStrip() const { return pStrip; }
     QSplitter* Splitter() const { return pSplit; }
     // The file name that the resting pointer's tool tip shows; empty when none.
-    const QString& ToolTipText() const { return pToolTip; }
+    const QString& ToolTipText() const;
 
   signals:
     // The close has stored the frame and stopped the worker; the settings may be saved.
@@ -99,22 +101,15 @@ class MainWindow : public QMainWindow {
   private:
     void InitSplitView();
     QWidget* MakePane(QWidget* parent);
-    void InitWinPos();
     void InitVal();
     void InitScrollbar();
     void WatchVolumes();
     void SelFolder1post();
     void Timer2_Action();
-    void Timer1_Action();
-    void ShowToolTips(bool on);
-    void HideToolTip();
     void ScrollBarV_ValueChanged(int value);
     void Canvas1_MouseWheel(int lines);
     void Canvas1_MouseDown(int x, int y, Qt::MouseButton button, Qt::KeyboardModifiers mods);
-    void Canvas1_MouseMove(int x, int y);
     void OutlineDidSelRow(int row, const QString& path);
-    void ResizeSeparatePos(int left);
-    int CanvasLeft() const;
 
     Settings& pPrefs;
     Prompter& pPrompter;
@@ -124,7 +119,6 @@ class MainWindow : public QMainWindow {
     ThumbnailCanvas* Canvas1 = nullptr;
     QScrollBar* ScrollBarV = nullptr;
     ScanProgressStrip* pStrip = nullptr;
-    QTimer Timer1;  // the tool tip's rest test, every second
     QTimer Timer2;  // polls the worker every 10 ms
 
     ScanController pScan;
@@ -132,12 +126,11 @@ class MainWindow : public QMainWindow {
     CommandState pCommands;
     ScanWorker pWorker;
     std::unique_ptr<CameraEject> pEject;
+    std::unique_ptr<WindowFrame> pFrame;
+    std::unique_ptr<RestingToolTip> pToolTip;
 
     bool pActive = false;
     bool pMinimize = false;
-    int pMouseX = 0, pMouseY = 0;
-    int pMouseX2 = -1, pMouseY2 = -1;
-    QString pToolTip;
     bool pClosed = false;
 };
 
