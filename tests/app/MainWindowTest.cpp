@@ -91,7 +91,7 @@ class MainWindowTest : public ::testing::Test {
     MainWindow* w_ = nullptr;
 };
 
-TEST_F(MainWindowTest, ScanShowsItemsInNameOrderAndFollowsTheDivider) {
+TEST_F(MainWindowTest, ScanShowsItemsInNameOrderFollowsTheDividerAndClicksSelect) {
     const fs::path dir = Folder(root_ / "card", Numbered(7));
     std::ofstream(dir / "notes.txt") << "not a picture";
     std::ofstream(dir / "AAA_noexif.JPG") << "\xFF\xD8\xFF\xD9";
@@ -115,11 +115,8 @@ TEST_F(MainWindowTest, ScanShowsItemsInNameOrderAndFollowsTheDivider) {
     const int over = 385 - w_->Canvas()->height();
     EXPECT_EQ(w_->ScrollBar()->isEnabled(), over > 0);
     EXPECT_EQ(w_->ScrollBar()->maximum(), std::max(over, 0));
-}
 
-TEST_F(MainWindowTest, ClicksDriveSelectionCommandsAndTheMenu) {
-    Start();
-    ASSERT_TRUE(Scan(Folder(root_ / "card", Numbered(4))));
+    // Clicks drive the selection, the commands and the contextual menu.
     EXPECT_EQ(w_->BuildContextMenu(w_), nullptr);  // nothing selected: no menu of the pane
     Click(1);
     EXPECT_EQ(w_->Selection().pCidxFlg, 1);
@@ -133,13 +130,13 @@ TEST_F(MainWindowTest, ClicksDriveSelectionCommandsAndTheMenu) {
     std::unique_ptr<QMenu> many(w_->BuildContextMenu(nullptr));
     EXPECT_EQ(many->actions().size(), 6);
 
-    // A right click on one of several selected items keeps them all for the menu.
-    w_->SelectAll();
-    Click(2, {}, Qt::RightButton);
-    EXPECT_EQ(ItemSelection::CountSelected(w_->Items()), 4);
     QTest::mouseClick(w_->Canvas(), Qt::LeftButton, {}, QPoint(3, 3));  // the ground
     EXPECT_EQ(ItemSelection::CountSelected(w_->Items()), 0);
     EXPECT_FALSE(w_->Commands().Enabled(CommandState::kExportMenu));
+    // A right click on one of several selected items keeps them all for the menu.
+    w_->SelectAll();
+    Click(2, {}, Qt::RightButton);
+    EXPECT_EQ(ItemSelection::CountSelected(w_->Items()), 7);
 }
 
 TEST_F(MainWindowTest, StopKeepsAPrefixAndASecondSelectionDuringAScanIsDropped) {

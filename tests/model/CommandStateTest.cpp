@@ -61,21 +61,20 @@ TEST(CommandStateTest, GoogleEarthAndExportAllAndListeners) {
 }
 
 TEST(ContextMenuItemsTest, ItemsFollowTheSelectionState) {
-    const std::vector<std::string> several{"exif形式で書き出し...",
-                                           "非圧縮jpegで書き出し...",
-                                           "形式を指定して書き出し...",
-                                           "-",
-                                           "左に回転",
-                                           "右に回転"};
-    std::vector<std::string> one = several;
-    one.insert(one.end(), {"-", "クリップボードにコピー", "-", "Exif情報"});
-    std::vector<std::string> oneWithGps = one;
-    oneWithGps.push_back("Google Earthを起動");
-
-    EXPECT_TRUE(ContextMenuItems(0, true).empty());
-    EXPECT_EQ(ContextMenuItems(1, false), one);
-    EXPECT_EQ(ContextMenuItems(1, true), oneWithGps);
-    EXPECT_EQ(ContextMenuItems(2, true), several);
+    const auto joined = [](int flag, bool gps) {
+        std::string all;
+        for (const std::string& text : ContextMenuItems(flag, gps))
+            all += text + "|";
+        return all;
+    };
+    const std::string several =
+        "exif形式で書き出し...|非圧縮jpegで書き出し...|形式を指定して書き出し...|-|左に回転|"
+        "右に回転|";
+    const std::string one = several + "-|クリップボードにコピー|-|Exif情報|";
+    EXPECT_EQ(joined(0, true), "");
+    EXPECT_EQ(joined(1, false), one);
+    EXPECT_EQ(joined(1, true), one + "Google Earthを起動|");
+    EXPECT_EQ(joined(2, true), several);
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 // subfolder and picture marks, and children that load once.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "SidebarTestSupport.h"
 #include "core/Settings.h"
 #include "model/FolderTree.h"
@@ -10,9 +12,10 @@ namespace lumivex {
 namespace {
 
 namespace fs = std::filesystem;
+using Names = std::vector<std::string>;
 
-std::vector<std::string> Names(const RowRecord::Rows& rows, std::size_t from = 0) {
-    std::vector<std::string> names;
+Names NamesOf(const RowRecord::Rows& rows, std::size_t from = 0) {
+    Names names;
     for (std::size_t i = from; i < rows.size(); ++i)
         names.push_back(rows[i]->name);
     return names;
@@ -22,10 +25,9 @@ class FolderTreeTest : public ::testing::Test {
   protected:
     void SetUp() override {
         prefs_.InitAll();
-        desk_.Dirs(
-            {"b/x", "b/tmp/deep", "b/var",   "b/etc",     "b/.dot",         "b/y.app", "b/Trash",
-             "A",   "a2",         ".hidden", "Tools.app", "Mail.APP",       "Trash",   "tmp",
-             "var", "etc",        "Network", "automount", "Desktop Folder", "trash"});
+        desk_.Dirs({"b/x", "b/tmp/deep", "b/var", "b/.dot", "b/y.app", "b/Trash", "A", "a2",
+                    ".hidden", "Tools.app", "Mail.APP", "Trash", "tmp", "var", "etc", "Network",
+                    "automount", "Desktop Folder", "trash"});
         desk_.Text("file.txt");
         desk_.Text("notes.jpg/inside.txt");  // a folder whose name looks like a picture
         elsewhere_.Dirs({"Target/sub"});
@@ -40,69 +42,74 @@ class FolderTreeTest : public ::testing::Test {
         o.noThumb = noThumb;
         return FolderTree(o);
     }
-
+    const Names shown_{"A", "a2", "b", "Target", "notes.jpg", "trash"};
     Settings prefs_;
     test::ScratchTree desk_, elsewhere_;
 };
 
 TEST_F(FolderTreeTest, TopLevelIsGroupThenVolumesThenShownDesktopFolders) {
-    test::ScratchTree card;
-    card.Dirs({"DCIM"});
     FolderTree tree = Tree();
-    tree.MakeTable({card.Str(), "/"});
+    tree.MakeTable({elsewhere_.Str(), "/"});
     const RowRecord::Rows& rows = tree.DataArray();
-    ASSERT_GE(rows.size(), 3u);
+    ASSERT_EQ(rows.size(), 3 + shown_.size());
     const RowRecord& group = *rows[0];
-    EXPECT_EQ(group.kind, "group");
-    EXPECT_EQ(group.vofo, "デスクトップ");
-    EXPECT_EQ(group.name, "デスクトップ");
-    EXPECT_EQ(group.path, "");
-    EXPECT_EQ(group.exif, "");
-    EXPECT_EQ(group.isLeaf, "false");
+    EXPECT_EQ(std::tie(group.kind, group.vofo, group.name, group.path),
+              std::make_tuple("group", "デスクトップ", "デスクトップ", ""));
     EXPECT_FALSE(group.IsExpandable());
-    EXPECT_EQ(rows[1]->vofo, "volume");
-    EXPECT_EQ(rows[1]->path, card.Str());
-    EXPECT_EQ(rows[1]->name, card.Path().filename().string());
-    EXPECT_EQ(rows[2]->path, "/");
-    EXPECT_EQ(rows[2]->kind, "item");
+    EXPECT_EQ(std::tie(rows[1]->vofo, rows[1]->path), std::make_tuple("volume", elsewhere_.Str()));
+    EXPECT_EQ(rows[1]->name, elsewhere_.Path().filename().string());
     // Byte order of the entries' own names: the link sorts as "link", shows as its target.
-    EXPECT_EQ(Names(rows, 3),
-              (std::vector<std::string>{"A", "a2", "b", "Target", "notes.jpg", "trash"}));
+    EXPECT_EQ(NamesOf(rows, 3), shown_);
     for (std::size_t i = 3; i < rows.size(); ++i) {
         EXPECT_EQ(rows[i]->vofo, "folder");
-        EXPECT_EQ(rows[i]->expand, "false");
         EXPECT_FALSE(rows[i]->children.has_value());
     }
+    const RowRecord& link = *rows[6];
+    EXPECT_EQ(std::tie(link.alias, link.isLeaf), std::make_tuple("true", "false"));
+    EXPECT_EQ(link.path, fs::canonical(elsewhere_.Path("Target")).string());
+    EXPECT_EQ(std::tie(rows[5]->alias, rows[5]->path), std::make_tuple("false", desk_.Str("b")));
+
+    // Without a Desktop there are no folder rows.
+    FolderTree bare{FolderTreeOptions{}};
+    bare.MakeTable({"/"});
+    EXPECT_EQ(NamesOf(bare.DataArray(), 1), Names{"/"});
 }
 
-TEST_F(FolderTreeTest, HidingRulesHoldAtEveryDepth) {
-    FolderTree tree = Tree();
-    tree.MakeTable({});
-    RowRecord& b = *tree.DataArray()[3];
-    ASSERT_EQ(b.name, "b");
-    EXPECT_EQ(Names(tree.GetChild(b)), std::vector<std::string>{"x"});
+TEST_F(FolderTreeTest, ChildrenLoadOnceAndHideTheSameNamesAtEveryDepth) {
     for (const char* name :
          {"Desktop Folder", "Trash", "automount", "Network", "var", "etc", "tmp"})
         EXPECT_FALSE(FolderTree::MakeListDisp(name)) << name;
     for (const char* name : {"trash", "TMP", "tmp2", "Desktop", "", "DCIM"})
         EXPECT_TRUE(FolderTree::MakeListDisp(name)) << name;
-}
 
-TEST_F(FolderTreeTest, ALinkCarriesItsTargetsPathAndIsAnAlias) {
     FolderTree tree = Tree();
     tree.MakeTable({});
-    const RowRecord& link = *tree.DataArray()[4];
-    EXPECT_EQ(link.alias, "true");
-    EXPECT_EQ(link.path, fs::canonical(elsewhere_.Path("Target")).string());
-    EXPECT_EQ(link.name, "Target");
-    EXPECT_EQ(link.isLeaf, "false");
-    EXPECT_EQ(tree.DataArray()[3]->alias, "false");
-    EXPECT_EQ(tree.DataArray()[3]->path, desk_.Str("b"));
+    RowRecord& b = *tree.DataArray()[3];
+    RowRecord::Rows& first = tree.GetChild(b);
+    EXPECT_EQ(NamesOf(first), Names{"x"});
+    EXPECT_EQ(first[0]->parent, &b);
+    desk_.Dirs({"b/new"});
+    EXPECT_EQ(&tree.GetChild(b), &first);  // never refreshed
+    EXPECT_EQ(NamesOf(tree.GetChild(b)), Names{"x"});
+    tree.MakeTable({});
+    EXPECT_EQ(NamesOf(tree.GetChild(*tree.DataArray()[3])), (Names{"new", "x"}));
+}
+
+TEST_F(FolderTreeTest, LinkLoopsNeitherHangNorShow) {
+    desk_.Link(desk_.Path("selfloop"), "selfloop");
+    desk_.Link(desk_.Path(), "b/x/up");  // a way back to the Desktop, three levels down
+    FolderTree tree = Tree();
+    tree.MakeTable({});
+    EXPECT_EQ(NamesOf(tree.DataArray(), 1), shown_);
+    RowRecord& x = *tree.GetChild(*tree.DataArray()[3])[0];
+    ASSERT_EQ(tree.GetChild(x).size(), 1u);
+    RowRecord& up = *tree.GetChild(x)[0];
+    EXPECT_EQ(up.path, fs::canonical(desk_.Path()).string());
+    EXPECT_EQ(NamesOf(tree.GetChild(up)), shown_);
 }
 
 TEST_F(FolderTreeTest, SubfolderMarkCountsHiddenNamesButNotPackagesOrDots) {
     desk_.Dirs({"onlytmp/tmp", "pkg/Z.app", "pkg/.git", "empty", "linked"});
-    desk_.Text("pkg/readme.txt");
     desk_.Link(elsewhere_.Path("Target"), "linked/to");
     const struct {
         const char* folder;
@@ -115,12 +122,11 @@ TEST_F(FolderTreeTest, SubfolderMarkCountsHiddenNamesButNotPackagesOrDots) {
     // A folder whose only subfolder is hidden offers to open, and opens empty.
     FolderTree tree = Tree();
     tree.MakeTable({});
-    RowRecord* onlytmp = nullptr;
-    for (const auto& row : tree.DataArray())
-        if (row->name == "onlytmp") onlytmp = row.get();
-    ASSERT_NE(onlytmp, nullptr);
-    EXPECT_EQ(onlytmp->isLeaf, "false");
-    EXPECT_TRUE(tree.GetChild(*onlytmp).empty());
+    const Names names = NamesOf(tree.DataArray());
+    const auto at = std::find(names.begin(), names.end(), "onlytmp") - names.begin();
+    RowRecord& onlytmp = *tree.DataArray()[static_cast<std::size_t>(at)];
+    EXPECT_TRUE(onlytmp.IsExpandable());
+    EXPECT_TRUE(tree.GetChild(onlytmp).empty());
 }
 
 TEST_F(FolderTreeTest, ExifMarkReadsOnlyDirectPictures) {
@@ -146,71 +152,13 @@ TEST_F(FolderTreeTest, ExifMarkReadsOnlyDirectPictures) {
     for (const auto& c : cases)
         EXPECT_EQ(Tree(c.markExif, c.noThumb).HasExifFile(pics.Str(c.folder)), c.exif)
             << c.folder << " " << c.markExif << c.noThumb;
-
-    // The switch off marks nothing, even a folder full of pictures.
+    // The switch off marks no row, even of a folder full of pictures.
     desk_.Picture("b/IMG_0001.JPG");
     for (bool mark : {true, false}) {
         FolderTree tree = Tree(mark);
         tree.MakeTable({});
         EXPECT_EQ(tree.DataArray()[3]->exif, mark ? "true" : "false");
     }
-}
-
-TEST_F(FolderTreeTest, ChildrenLoadOnceAndAreNotRefreshed) {
-    FolderTree tree = Tree();
-    tree.MakeTable({});
-    RowRecord& b = *tree.DataArray()[3];
-    EXPECT_FALSE(b.children.has_value());
-    RowRecord::Rows& first = tree.GetChild(b);
-    EXPECT_EQ(first.size(), 1u);
-    EXPECT_EQ(first[0]->parent, &b);
-    EXPECT_EQ(first[0]->path, desk_.Str("b/x"));
-    desk_.Dirs({"b/new"});
-    EXPECT_EQ(&tree.GetChild(b), &first);
-    EXPECT_EQ(Names(tree.GetChild(b)), std::vector<std::string>{"x"});
-    tree.MakeTable({});
-    EXPECT_EQ(Names(tree.GetChild(*tree.DataArray()[3])), (std::vector<std::string>{"new", "x"}));
-}
-
-TEST_F(FolderTreeTest, LinkLoopsNeitherHangNorShow) {
-    desk_.Link(desk_.Path("selfloop"), "selfloop");
-    desk_.Link(desk_.Path(), "b/x/up");  // a way back to the Desktop, three levels down
-    FolderTree tree = Tree();
-    tree.MakeTable({});
-    EXPECT_EQ(Names(tree.DataArray(), 1),
-              (std::vector<std::string>{"A", "a2", "b", "Target", "notes.jpg", "trash"}));
-    RowRecord& x = *tree.GetChild(*tree.DataArray()[3])[0];
-    ASSERT_EQ(tree.GetChild(x).size(), 1u);
-    RowRecord& up = *tree.GetChild(x)[0];
-    EXPECT_EQ(up.alias, "true");
-    EXPECT_EQ(up.path, fs::canonical(desk_.Path()).string());
-    EXPECT_EQ(Names(tree.GetChild(up)), Names(tree.DataArray(), 1));
-}
-
-TEST_F(FolderTreeTest, WithoutADesktopThereAreNoFolderRows) {
-    FolderTreeOptions o;
-    FolderTree tree(o);
-    tree.MakeTable({"/"});
-    EXPECT_EQ(tree.DataArray().size(), 2u);
-    EXPECT_EQ(tree.DataArray()[1]->path, "/");
-    EXPECT_EQ(tree.DataArray()[1]->name, "/");
-}
-
-TEST_F(FolderTreeTest, MountEventsInsertAfterTheLastVolumeAndRemoveByPath) {
-    FolderTree tree = Tree();
-    tree.MakeTable({"/v1", "/v2"});
-    EXPECT_EQ(tree.InsertVolumeRow(elsewhere_.Str()), 3);
-    EXPECT_EQ(tree.DataArray()[3]->vofo, "volume");
-    EXPECT_EQ(tree.DataArray()[4]->name, "A");
-    int index = 0;
-    std::unique_ptr<RowRecord> removed = tree.RemoveRowOfPath("/v1", index);
-    ASSERT_NE(removed, nullptr);
-    EXPECT_EQ(index, 1);
-    EXPECT_EQ(tree.DataArray()[1]->path, "/v2");
-    EXPECT_EQ(tree.RemoveRowOfPath("/none", index), nullptr);
-    EXPECT_EQ(index, -1);
-    tree.MakeTable({});
-    EXPECT_EQ(tree.InsertVolumeRow("/v3"), -1);  // no volume row to follow
 }
 
 }  // namespace

@@ -6,8 +6,6 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "ExifJpegBuilder.h"
 #include "ScratchDir.h"
@@ -40,27 +38,6 @@ class ScratchTree : public fixtures::ScratchDir {
     void Link(const std::filesystem::path& target, const std::string& rel) const {
         std::filesystem::create_symlink(target, Path(rel));
     }
-};
-
-// Makes `tree` the user's home (its "config" the settings folder) until the object goes.
-class ScopedHome {
-  public:
-    explicit ScopedHome(const ScratchTree& tree) {
-        for (const char* name : {"HOME", "XDG_CONFIG_HOME"})
-            if (const char* v = ::getenv(name)) saved_.emplace_back(name, v);
-        ::setenv("HOME", tree.Str().c_str(), 1);
-        ::setenv("XDG_CONFIG_HOME", tree.Str("config").c_str(), 1);
-    }
-    ~ScopedHome() {
-        ::unsetenv("XDG_CONFIG_HOME");
-        for (const auto& [name, value] : saved_)
-            ::setenv(name.c_str(), value.c_str(), 1);
-    }
-    ScopedHome(const ScopedHome&) = delete;
-    ScopedHome& operator=(const ScopedHome&) = delete;
-
-  private:
-    std::vector<std::pair<std::string, std::string>> saved_;
 };
 
 }  // namespace lumivex::test
