@@ -10,30 +10,34 @@
 namespace lumivex {
 namespace {
 
-TEST(CommandStateTest, SetBtnStatTable) {
-    struct Row {
+// The enabled commands as a string of 0 and 1 in tag order 601 to 606.
+std::string Bits(const CommandState& commands) {
+    std::string bits;
+    for (int tag = 601; tag <= 606; ++tag)
+        bits += commands.Enabled(tag) ? '1' : '0';
+    return bits;
+}
+
+TEST(CommandStateTest, SelectionStatesSetTheirCommandsAndOthersLeaveThem) {
+    const struct {
         int state;
         bool before;
-        std::vector<bool> after;  // 601, 603, 604, 605
-    };
-    const std::vector<Row> rows{{0, true, {false, false, false, false}},
-                                {1, false, {true, true, true, true}},
-                                {2, false, {true, true, true, false}},
-                                {3, true, {true, true, true, true}},  // other states: no change
-                                {3, false, {false, false, false, false}}};
-    const int tags[] = {601, 603, 604, 605};
-    for (const Row& row : rows) {
+        const char* after;
+    } cases[] = {{0, true, "000000"},
+                 {1, false, "101110"},
+                 {2, false, "101100"},
+                 {3, true, "101110"},
+                 {3, false, "000000"}};  // other states: no change
+    for (const auto& c : cases) {
         CommandState commands;
-        for (int tag : tags)
-            commands.ToolbarItemEnableSet(tag, row.before);
-        commands.SetBtnStat(row.state, false, nullptr);
-        for (int i = 0; i < 4; ++i)
-            EXPECT_EQ(commands.Enabled(tags[i]), row.after[i]) << row.state << " " << tags[i];
-        EXPECT_FALSE(commands.Enabled(CommandState::kExportAll));
+        for (int tag : {601, 603, 604, 605})
+            commands.ToolbarItemEnableSet(tag, c.before);
+        commands.SetBtnStat(c.state, false, nullptr);
+        EXPECT_EQ(Bits(commands), c.after) << c.state << c.before;
     }
 }
 
-TEST(CommandStateTest, GoogleEarthAndExportAllAndListeners) {
+TEST(CommandStateTest, GoogleEarthAsksOnlyWhenAllowedAndEverySetIsHeard) {
     CommandState commands;
     std::vector<std::pair<int, bool>> heard;
     commands.AddListener([&heard](int tag, bool on) { heard.emplace_back(tag, on); });
@@ -42,18 +46,17 @@ TEST(CommandStateTest, GoogleEarthAndExportAllAndListeners) {
         asked.push_back(state);
         return state == 1;
     };
-    commands.SetBtnStat(1, true, gps);
-    EXPECT_TRUE(commands.Enabled(CommandState::kGoogleEarth));
-    commands.SetBtnStat(2, true, gps);
-    EXPECT_FALSE(commands.Enabled(CommandState::kGoogleEarth));
-    commands.SetBtnStat(1, true, gps);
-    commands.SetBtnStat(1, false, gps);  // not allowed: off, and the file is not read
-    EXPECT_FALSE(commands.Enabled(CommandState::kGoogleEarth));
-    EXPECT_EQ(asked, (std::vector<int>{1, 2, 1}));
+    std::string seen;
+    for (const auto& [state, allowed] : {std::pair{1, true}, {2, true}, {1, true}, {1, false}}) {
+        commands.SetBtnStat(state, allowed, gps);
+        seen += Bits(commands).back();
+    }
+    EXPECT_EQ(seen, "1010");
+    EXPECT_EQ(asked, (std::vector<int>{1, 2, 1}));  // not allowed: the file is not read
 
     heard.clear();
     commands.SetBtnStatAll(true);
-    commands.SetBtnStat(0, false, nullptr);  // every set is heard, changed or not
+    commands.SetBtnStat(0, false, nullptr);  // changed or not
     EXPECT_EQ(
         heard,
         (std::vector<std::pair<int, bool>>{
@@ -68,8 +71,8 @@ TEST(ContextMenuItemsTest, ItemsFollowTheSelectionState) {
         return all;
     };
     const std::string several =
-        "exif形式で書き出し...|非圧縮jpegで書き出し...|形式を指定して書き出し...|-|左に回転|"
-        "右に回転|";
+        "exif形式で書き出し...|非圧縮jpegで書き出し...|"
+        "形式を指定して書き出し...|-|左に回転|右に回転|";
     const std::string one = several + "-|クリップボードにコピー|-|Exif情報|";
     EXPECT_EQ(joined(0, true), "");
     EXPECT_EQ(joined(1, false), one);
