@@ -90,12 +90,7 @@ QWidget* MainWindow::MakePane(QWidget* parent) {
 // The sidebar follows the volumes; the eject at quit silences the watcher first.
 void MainWindow::WatchVolumes() {
     pVolumes = new VolumeWatcher([this] { return pOutline->Tree().Options().volumeMode; }, this);
-    connect(pVolumes, &VolumeWatcher::unmounted, this, [this](const QString& point) {
-        pOutline->getPost(SidebarView::VolumeEvent::Unmount, point.toStdString());
-    });
-    connect(pVolumes, &VolumeWatcher::mounted, this, [this](const QString& point) {
-        pOutline->getPost(SidebarView::VolumeEvent::Mount, point.toStdString());
-    });
+    pOutline->ListenTo(*pVolumes);
     pEject = std::make_unique<CameraEject>(pPrompter, *pVolumes);
 }
 

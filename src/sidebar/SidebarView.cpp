@@ -9,6 +9,7 @@
 #include "model/FolderTree.h"
 #include "sidebar/SidebarDelegate.h"
 #include "sidebar/SidebarModel.h"
+#include "sidebar/VolumeWatcher.h"
 
 namespace lumivex {
 
@@ -135,6 +136,13 @@ void SidebarView::getPost(VolumeEvent event, const std::string& path) {
     pSelectedPath.clear();
     verticalScrollBar()->setValue(scrolled);
     if (mode == 1) AutoSelect();
+}
+
+void SidebarView::ListenTo(const VolumeWatcher& watcher) {
+    connect(&watcher, &VolumeWatcher::unmounted, this,
+            [this](const QString& point) { getPost(VolumeEvent::Unmount, point.toStdString()); });
+    connect(&watcher, &VolumeWatcher::mounted, this,
+            [this](const QString& point) { getPost(VolumeEvent::Mount, point.toStdString()); });
 }
 
 // Rows opened or closed above the selection since it was made have moved it; the recorded row

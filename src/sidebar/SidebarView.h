@@ -15,6 +15,7 @@ class FolderTree;
 struct RowRecord;
 class SidebarModel;
 class SidebarDelegate;
+class VolumeWatcher;
 
 class SidebarView : public QTreeView {
     Q_OBJECT
@@ -40,6 +41,8 @@ class SidebarView : public QTreeView {
     // it; an unmount removes the row. The open rows and the selected folder are kept.
     enum class VolumeEvent { Mount, Unmount };
     void getPost(VolumeEvent event, const std::string& path);
+    // Follows the volumes that `watcher` reports, through getPost.
+    void ListenTo(const VolumeWatcher& watcher);
 
     // Finds the first volume with a "DCIM" folder holding a numbered folder, opens the way to
     // it and selects it. Nothing changes when there is none.
