@@ -96,16 +96,8 @@ class CardMountTest : public ::testing::Test {
 };
 
 TEST_F(CardMountTest, CardsComeAndGoWhileTheProgramRunsAndTheQuitEjectsTheLast) {
-    if (!Insert(40)) GTEST_SKIP() << "this system does not allow mounts";
-    ASSERT_TRUE(Shows(40));
-    SidebarView* o = w_->Outline();
-    EXPECT_EQ(o->gFI, point_.string());
-    EXPECT_TRUE(o->isExpanded(o->IndexOfRow(o->RowOfPath(point_.string()))));
-    Pull();
-    ASSERT_TRUE(Cleared());
-
+    if (!Insert(3000)) GTEST_SKIP() << "this system does not allow mounts";
     // Pulled while its folder is still being read: the scan ends, the grid empties.
-    ASSERT_TRUE(Insert(3000));
     ASSERT_TRUE(QTest::qWaitFor([&] { return w_->ScanRunning() && !w_->Items().empty(); }, 20000));
     Pull();
     ASSERT_TRUE(Cleared());
@@ -113,6 +105,8 @@ TEST_F(CardMountTest, CardsComeAndGoWhileTheProgramRunsAndTheQuitEjectsTheLast) 
     // The last card stays in; the quit ejects it with the script, and says nothing.
     ASSERT_TRUE(Insert(5));
     ASSERT_TRUE(Shows(5));
+    SidebarView* o = w_->Outline();
+    EXPECT_TRUE(o->isExpanded(o->IndexOfRow(o->RowOfPath(point_.string()))));
     w_->SetEjectScript(LUMIVEX_EJECT_SCRIPT);
     w_->close();
     EXPECT_FALSE(Mounted(point_));
