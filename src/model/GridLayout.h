@@ -1,6 +1,6 @@
 #pragma once
 // The flow layout of the thumbnail grid: items keep their own sizes and flow left to right
-// into rows like words into lines. Qt-free arithmetic; the window owns one.
+// into rows like words into lines. Qt-free arithmetic; the scan controller owns one.
 #include <vector>
 
 #include "model/ItemRecord.h"
