@@ -163,6 +163,12 @@ TEST_F(SidebarViewTest, AMountedCardIsOpenedDownToItsNumberedFolderAndSelected) 
     EXPECT_FALSE(IsOpen(v1_.Str()));
     EXPECT_EQ(Row(folder), Row(card_.Str()) + 2);  // "DCIM" before "MISC", "100" first
 
+    // The same at start: a card listed with the others is found without a mount.
+    SetVolumes({v1_.Str(), card_.Str()});
+    view_->gFI.clear();
+    view_->AutoSelect();
+    EXPECT_EQ(std::make_pair(view_->gFI, Selected()), std::make_pair(card_.Str(), folder));
+
     // A card without a numbered folder selects nothing; without any volume row a mount
     // inserts nothing.
     SetVolumes({v1_.Str()});
