@@ -81,7 +81,7 @@ class MainWindow : public QMainWindow {
     ThumbnailCanvas* Canvas() const { return Canvas1; }
     QScrollBar* ScrollBar() const { return ScrollBarV; }
     SidebarView* Outline() const { return pOutline; }
-    VolumeWatcher* Volumes() const { return pVolumes; }
+    VolumeWatcher* Watcher() const { return pVolumes; }
     ScanProgressStrip* ProgressStrip() const { return pStrip; }
     QSplitter* Splitter() const { return pSplit; }
     // The file name that the resting pointer's tool tip shows; empty when none.

@@ -253,13 +253,13 @@ TEST_F(MainWindowTest, TheQuitEjectsOnlyAStillMountedCardAndSaysWhatWentWrong) {
     }
     EXPECT_FALSE(fs::exists(log));
     EXPECT_TRUE(prompter_.asked.isEmpty());
-    EXPECT_TRUE(w_->Volumes()->Observing());
+    EXPECT_TRUE(w_->Watcher()->Observing());
 
     // The script's failure is reported with its code; the watcher was stopped first.
     o->gFI = "/proc";
     w_->UnmountCam();
     EXPECT_EQ(prompter_.asked, QStringList({"error code: 3"}));
-    EXPECT_FALSE(w_->Volumes()->Observing());
+    EXPECT_FALSE(w_->Watcher()->Observing());
     std::string arg;
     std::getline(std::ifstream(log) >> std::ws, arg);
     EXPECT_EQ(arg, "/proc");
