@@ -1,18 +1,21 @@
 #pragma once
-// The main window: the sidebar and the thumbnail pane side by side. It owns the item list and
-// the helpers that work on it: the grid layout, the selection, the command state, the scan
-// worker and the progress strip. The window is the application: closing it ends the program.
+// The main window: the sidebar and the thumbnail pane side by side. It owns the scan worker,
+// the scan's steps with the items and their layout, the selection, the command state, the
+// volume watcher and the progress strip; it draws and forwards, the model decides. The
+// window is the application: closing it ends the program.
 #include <QMainWindow>
 #include <QTimer>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include "browser/CommandState.h"
-#include "browser/GridLayout.h"
-#include "browser/ItemRecord.h"
-#include "browser/ItemSelection.h"
+#include "browser/CameraEject.h"
 #include "browser/ScanWorker.h"
+#include "model/CommandState.h"
+#include "model/ItemRecord.h"
+#include "model/ItemSelection.h"
+#include "model/ScanController.h"
 
 class QMenu;
 class QScrollBar;
@@ -22,9 +25,12 @@ namespace lumivex {
 
 class SidebarView;
 class Prompter;
+class RestingToolTip;
 class ScanProgressStrip;
 class Settings;
 class ThumbnailCanvas;
+class VolumeWatcher;
+class WindowFrame;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -45,7 +51,7 @@ class MainWindow : public QMainWindow {
     void SelFolder1(const std::string& path);
     void SelFolderClr();
     void PushButton1_Action();
-    bool ScanRunning() const { return worker_.Running(); }
+    bool ScanRunning() const { return pWorker.Running(); }
 
     // Layout: every item flowed again keeping the scroll position; the scroll range.
     void ResizeTBC();
@@ -60,27 +66,26 @@ class MainWindow : public QMainWindow {
     // Event_CancelClose: the frame into the settings, the worker stopped, the camera ejected
     // when the settings ask for it, then `closing`.
     void Event_CancelClose();
-    // Ejects the volume on which camera media was found at start or on a mount, when the
-    // settings ask for it and it is still mounted. A failure is reported and the quit goes on.
+    // Ejects the volume on which the sidebar last found camera media (see CameraEject).
     void UnmountCam();
-    // The eject script; by default beside the executable's folder, in share/lumivex-plus.
-    void SetEjectScript(const std::filesystem::path& script) { ejectScript_ = script; }
+    void SetEjectScript(const std::filesystem::path& script) { pEject->SetScript(script); }
 
     // The contextual menu for the present selection; its actions come with the commands.
     QMenu* BuildContextMenu(QWidget* parent);
 
     // What the window holds, for the program's other parts and for tests.
-    const std::vector<ItemRecord>& Items() const { return pCItem; }
-    const ItemSelection& Selection() const { return selection_; }
-    const CommandState& Commands() const { return commands_; }
-    CommandState& Commands() { return commands_; }
+    const std::vector<ItemRecord>& Items() const { return pScan.Items(); }
+    const ItemSelection& Selection() const { return pSelection; }
+    const CommandState& Commands() const { return pCommands; }
+    CommandState& Commands() { return pCommands; }
     ThumbnailCanvas* Canvas() const { return Canvas1; }
     QScrollBar* ScrollBar() const { return ScrollBarV; }
     SidebarView* Outline() const { return pOutline; }
-    ScanProgressStrip* ProgressStrip() const { return strip_; }
-    QSplitter* Splitter() const { return split_; }
+    VolumeWatcher* Watcher() const { return pVolumes; }
+    ScanProgressStrip* ProgressStrip() const { return pStrip; }
+    QSplitter* Splitter() const { return pSplit; }
     // The file name that the resting pointer's tool tip shows; empty when none.
-    const QString& ToolTipText() const { return toolTipText_; }
+    const QString& ToolTipText() const;
 
   signals:
     // The close has stored the frame and stopped the worker; the settings may be saved.
@@ -95,54 +100,38 @@ class MainWindow : public QMainWindow {
 
   private:
     void InitSplitView();
-    void InitWinPos();
+    QWidget* MakePane(QWidget* parent);
     void InitVal();
     void InitScrollbar();
+    void WatchVolumes();
     void SelFolder1post();
     void Timer2_Action();
-    void Timer1_Action();
-    void TakeScanItems();
-    void ShowToolTips(bool on);
     void ScrollBarV_ValueChanged(int value);
     void Canvas1_MouseWheel(int lines);
     void Canvas1_MouseDown(int x, int y, Qt::MouseButton button, Qt::KeyboardModifiers mods);
-    void Canvas1_MouseMove(int x, int y);
     void OutlineDidSelRow(int row, const QString& path);
-    void ResizeSeparatePos(int left);
-    int CanvasLeft() const;
 
-    Settings& prefs_;
-    Prompter& prompter_;
+    Settings& pPrefs;
+    Prompter& pPrompter;
     SidebarView* pOutline = nullptr;
-    QSplitter* split_ = nullptr;
+    VolumeWatcher* pVolumes = nullptr;
+    QSplitter* pSplit = nullptr;
     ThumbnailCanvas* Canvas1 = nullptr;
     QScrollBar* ScrollBarV = nullptr;
-    ScanProgressStrip* strip_ = nullptr;
-    QTimer Timer1;  // the tool tip's rest test, every second
+    ScanProgressStrip* pStrip = nullptr;
     QTimer Timer2;  // polls the worker every 10 ms
 
-    std::vector<ItemRecord> pCItem;
-    GridLayout layout_;
-    ItemSelection selection_;
-    CommandState commands_;
-    ScanWorker worker_;
-    int pThread1_Mode = 0;
-    int pThread1_Width = 0;
-    bool dropRestOfScan_ = false;  // the grid was emptied while the worker ran
-    std::string pendingFolder_;    // a camera folder to read once the stopped scan has ended
-    std::filesystem::path ejectScript_;
+    ScanController pScan;
+    ItemSelection pSelection;
+    CommandState pCommands;
+    ScanWorker pWorker;
+    std::unique_ptr<CameraEject> pEject;
+    std::unique_ptr<WindowFrame> pFrame;
+    std::unique_ptr<RestingToolTip> pToolTip;
 
-    int pBkClr = 0;
-    int pSeClr = 0;
-    int pGxClr = 0;
-    int pLsClr = 0;
     bool pActive = false;
     bool pMinimize = false;
-    bool pCMflg = false;
-    int pMouseX = 0, pMouseY = 0;
-    int pMouseX2 = -1, pMouseY2 = -1;
-    QString toolTipText_;
-    bool closed_ = false;
+    bool pClosed = false;
 };
 
 }  // namespace lumivex

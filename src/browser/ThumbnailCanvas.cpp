@@ -9,13 +9,11 @@
 #include <algorithm>
 #include <string>
 
-#include "core/Globals.h"
-
 namespace lumivex {
 namespace {
 
-constexpr int kFrameOut = 2;       // the selection frame's overhang around the picture
-constexpr int kLabelInset = 4;     // the label's margin on each side of the cell
+constexpr int kFrameOut = 2;  // the selection frame's overhang around the picture
+constexpr int kLabelInset = GridLayout::kLabelInset;
 constexpr int kCutCover = 14;      // the end of a cut label hidden under the background
 constexpr int kEllipsisLeft = 12;  // "..." starts this far left of the cell's right edge
 constexpr int kStripExtra = 5;     // the cut label's strip is the font size plus this high
@@ -43,7 +41,7 @@ ThumbnailCanvas::ThumbnailCanvas(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-void ThumbnailCanvas::SetItems(std::vector<ItemRecord>* items, const GridLayout* layout) {
+void ThumbnailCanvas::SetItems(const std::vector<ItemRecord>* items, const GridLayout* layout) {
     items_ = items;
     layout_ = layout;
     font_.setPixelSize(FontSize());
@@ -67,11 +65,11 @@ void ThumbnailCanvas::SetScrollY(int y) {
 }
 
 QString ThumbnailCanvas::LabelOf(const ItemRecord& item) const {
-    if (fullNames_) return QString::fromStdString(item.fname);
-    std::string body;
-    std::string extn;
-    gExtractBodyAndExtn(item.fname, body, extn);
-    return QString::fromStdString(body);
+    return QString::fromStdString(item.Label(fullNames_));
+}
+
+int ThumbnailCanvas::TextWidth(const std::string& label) const {
+    return static_cast<int>(QFontMetricsF(font_).horizontalAdvance(QString::fromStdString(label)));
 }
 
 void ThumbnailCanvas::paintEvent(QPaintEvent* event) {
@@ -103,7 +101,7 @@ std::pair<std::size_t, std::size_t> ThumbnailCanvas::VisibleRange(int top, int b
             static_cast<std::size_t>(last - items.begin())};
 }
 
-void ThumbnailCanvas::DrawCanvasDoc(QPainter& p, ItemRecord& item) {
+void ThumbnailCanvas::DrawCanvasDoc(QPainter& p, const ItemRecord& item) {
     const int fsize = FontSize();
     p.setPen(Qt::black);
     if (!item.pict.IsNull()) {
@@ -116,15 +114,13 @@ void ThumbnailCanvas::DrawCanvasDoc(QPainter& p, ItemRecord& item) {
         p.drawRect(QRect(item.x, item.y, item.w - 1, item.h - 1));  // covers w by h pixels
     }
     const QString label = LabelOf(item);
-    const int width = static_cast<int>(QFontMetricsF(font_).horizontalAdvance(label));
-    const int room = item.w - 2 * kLabelInset;
-    if (width < room) {
-        const double left = (room - width) / 2.0 + item.x + kLabelInset;
+    if (!item.compact) {
+        const int room = item.w - 2 * kLabelInset;
+        const double left = (room - item.labelWidth) / 2.0 + item.x + kLabelInset;
         p.drawText(QPointF(left, item.y + item.h + fsize + 2), label);
         return;
     }
     DrawCanvasDocRect(p, label, item.x, item.y + item.h + 2, item.w);
-    item.compact = true;
 }
 
 void ThumbnailCanvas::DrawCanvasDocRect(QPainter& p, const QString& label, int x, int y, int w) {

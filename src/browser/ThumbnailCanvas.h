@@ -5,11 +5,12 @@
 // It decides nothing: presses, moves and wheel turns go out as signals in pane coordinates.
 #include <QFont>
 #include <QWidget>
+#include <string>
 #include <utility>
 #include <vector>
 
-#include "browser/GridLayout.h"
-#include "browser/ItemRecord.h"
+#include "model/GridLayout.h"
+#include "model/ItemRecord.h"
 
 namespace lumivex {
 
@@ -20,20 +21,22 @@ class ThumbnailCanvas : public QWidget {
     explicit ThumbnailCanvas(QWidget* parent = nullptr);
 
     // The items and layout to draw; both stay owned by the window. Every item in the vector
-    // is drawn: the window appends only complete items, on the main thread. Paint sets
-    // "compact" of the items whose label it cut short.
-    void SetItems(std::vector<ItemRecord>* items, const GridLayout* layout);
+    // is drawn: the window appends only complete items, on the main thread. Painting only
+    // reads them: a label is cut where the layout marked it "compact".
+    void SetItems(const std::vector<ItemRecord>* items, const GridLayout* layout);
     void SetColors(int background, int selection);  // pBkClr, pSeClr as 0xRRGGBB
     void SetFullNames(bool full);                   // gPref(33): labels with the extension
-    void SetScrollY(int y);                         // pScrY
+    void SetScrollY(int y);                         // the content row at the pane's top
     int ScrollY() const { return scrollY_; }
 
     // The label of an item as drawn: the name without its extension unless full names are on.
     QString LabelOf(const ItemRecord& item) const;
+    // The drawn width of a label in the label font, for the layout's cut decision.
+    int TextWidth(const std::string& label) const;
     const QFont& LabelFont() const { return font_; }
 
   signals:
-    // A press at pane coordinates (add pScrY for content coordinates).
+    // A press at pane coordinates (add ScrollY() for content coordinates).
     void pressed(int x, int y, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
     void moved(int x, int y);
     // Wheel turns in lines (positive downwards), already converted from angle deltas: one
@@ -49,7 +52,7 @@ class ThumbnailCanvas : public QWidget {
   private:
     int FontSize() const { return layout_ ? layout_->pFsize : 12; }
     // DrawCanvasDoc: one item, its frame and its label.
-    void DrawCanvasDoc(QPainter& p, ItemRecord& item);
+    void DrawCanvasDoc(QPainter& p, const ItemRecord& item);
     // DrawCanvasDocRect: a label too wide for the cell, cut with "..." over a fading end, in
     // a strip w wide whose top left is (x, y).
     void DrawCanvasDocRect(QPainter& p, const QString& label, int x, int y, int w);
@@ -62,7 +65,7 @@ class ThumbnailCanvas : public QWidget {
     // The row that holds `top` is drawn whole, whatever the heights of its items.
     std::pair<std::size_t, std::size_t> VisibleRange(int top, int bottom) const;
 
-    std::vector<ItemRecord>* items_ = nullptr;
+    const std::vector<ItemRecord>* items_ = nullptr;
     const GridLayout* layout_ = nullptr;
     QColor background_{0xFF, 0xFF, 0xFF};
     QColor selection_{0x35, 0x84, 0xE4};

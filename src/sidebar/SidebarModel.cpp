@@ -1,6 +1,6 @@
 #include "sidebar/SidebarModel.h"
 
-#include "sidebar/FolderTree.h"
+#include "model/FolderTree.h"
 
 namespace lumivex {
 namespace {

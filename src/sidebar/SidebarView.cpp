@@ -2,25 +2,23 @@
 
 #include <QMouseEvent>
 #include <QScrollBar>
-#include <QSocketNotifier>
 #include <algorithm>
 
 #include "core/Settings.h"
-#include "platform/MountMonitor.h"
-#include "platform/Volumes.h"
-#include "sidebar/CameraSearch.h"
-#include "sidebar/FolderTree.h"
+#include "model/CameraSearch.h"
+#include "model/FolderTree.h"
 #include "sidebar/SidebarDelegate.h"
 #include "sidebar/SidebarModel.h"
+#include "sidebar/VolumeWatcher.h"
 
 namespace lumivex {
 
 SidebarView::SidebarView(const Settings& prefs, QWidget* parent)
     : QTreeView(parent),
-      prefs_(prefs),
-      tree_(std::make_unique<FolderTree>()),
-      model_(new SidebarModel(*tree_, this)),
-      delegate_(new SidebarDelegate(this)) {
+      pPrefs(prefs),
+      pTree(std::make_unique<FolderTree>()),
+      pModel(new SidebarModel(*pTree, this)),
+      pDelegate(new SidebarDelegate(this)) {
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setSelectionMode(QAbstractItemView::SingleSelection);
@@ -28,8 +26,8 @@ SidebarView::SidebarView(const Settings& prefs, QWidget* parent)
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setAttribute(Qt::WA_MacShowFocusRect, false);
     setIconSize(QSize(SidebarDelegate::kIconSize, SidebarDelegate::kIconSize));
-    setItemDelegate(delegate_);
-    setModel(model_);
+    setItemDelegate(pDelegate);
+    setModel(pModel);
     // A light selection, so that the dark and coloured names stay readable on it.
     QPalette pal = palette();
     for (auto group : {QPalette::Active, QPalette::Inactive})
@@ -42,23 +40,16 @@ SidebarView::SidebarView(const Settings& prefs, QWidget* parent)
     connect(this, &QTreeView::collapsed, this,
             [this](const QModelIndex& i) { MarkExpand(i, false); });
     MakeTable();
-    // The kernel flags a changed mount table as an exceptional condition on the file; a read
-    // notifier would fire without end.
-    monitor_ = std::make_unique<MountMonitor>();
-    if (monitor_->Fd() >= 0) {
-        lvNotif = new QSocketNotifier(monitor_->Fd(), QSocketNotifier::Exception, this);
-        connect(lvNotif, &QSocketNotifier::activated, this, &SidebarView::OnMountTableChanged);
-    }
 }
 
 SidebarView::~SidebarView() = default;
 
 void SidebarView::MakeTable() {
-    FolderTreeOptions options = FolderTreeOptions::FromSettings(prefs_);
-    SetFolderColor(static_cast<int>(prefs_.gPref[6]));
-    model_->Rebuild([&] {
-        tree_->SetOptions(std::move(options));
-        tree_->MakeTable();
+    FolderTreeOptions options = FolderTreeOptions::FromSettings(pPrefs);
+    SetFolderColor(static_cast<int>(pPrefs.gPref[6]));
+    pModel->Rebuild([&] {
+        pTree->SetOptions(std::move(options));
+        pTree->MakeTable();
     });
 }
 
@@ -80,21 +71,21 @@ void SidebarView::SelectRow(int row) {
 }
 
 void SidebarView::SetFolderColor(int rgb) {
-    delegate_->SetFolderColor(QColor::fromRgb(static_cast<QRgb>(rgb & 0xFFFFFF)));
+    pDelegate->SetFolderColor(QColor::fromRgb(static_cast<QRgb>(rgb & 0xFFFFFF)));
     viewport()->update();
 }
 
 FolderTree& SidebarView::Tree() {
-    return *tree_;
+    return *pTree;
 }
 
 SidebarModel& SidebarView::Model() {
-    return *model_;
+    return *pModel;
 }
 
 int SidebarView::VisibleRowCount() const {
     int count = 0;
-    for (QModelIndex i = model_->index(0, 0); i.isValid(); i = indexBelow(i))
+    for (QModelIndex i = pModel->index(0, 0); i.isValid(); i = indexBelow(i))
         ++count;
     return count;
 }
@@ -102,14 +93,14 @@ int SidebarView::VisibleRowCount() const {
 int SidebarView::RowOfIndex(const QModelIndex& index) const {
     if (!index.isValid()) return -1;
     int row = 0;
-    for (QModelIndex i = model_->index(0, 0); i.isValid(); i = indexBelow(i), ++row)
+    for (QModelIndex i = pModel->index(0, 0); i.isValid(); i = indexBelow(i), ++row)
         if (i == index) return row;
     return -1;
 }
 
 QModelIndex SidebarView::IndexOfRow(int row) const {
     if (row < 0) return {};
-    QModelIndex i = model_->index(0, 0);
+    QModelIndex i = pModel->index(0, 0);
     for (; i.isValid() && row > 0; --row)
         i = indexBelow(i);
     return i;
@@ -117,23 +108,12 @@ QModelIndex SidebarView::IndexOfRow(int row) const {
 
 int SidebarView::RowOfPath(const std::string& path) const {
     int row = 0;
-    for (QModelIndex i = model_->index(0, 0); i.isValid(); i = indexBelow(i), ++row)
+    for (QModelIndex i = pModel->index(0, 0); i.isValid(); i = indexBelow(i), ++row)
         if (SidebarModel::RowOf(i)->path == path) return row;
     return -1;
 }
 
 // ---- volume events ---------------------------------------------------------------------
-
-void SidebarView::OnMountTableChanged() {
-    const MountChanges changes = monitor_->Check();
-    // The kernel reports every mount; only those the volume list would show are volumes.
-    const int mode = tree_->Options().volumeMode;
-    const std::string user = Volumes::CurrentUser();
-    for (const MountEntry& e : changes.unmounted)
-        if (Volumes::Shows(e, mode, user)) getPost(VolumeEvent::Unmount, e.mountPoint);
-    for (const MountEntry& e : changes.mounted)
-        if (Volumes::Shows(e, mode, user)) getPost(VolumeEvent::Mount, e.mountPoint);
-}
 
 void SidebarView::getPost(VolumeEvent event, const std::string& path) {
     RecordSelection();
@@ -141,21 +121,28 @@ void SidebarView::getPost(VolumeEvent event, const std::string& path) {
     int mode = 0;
     int index = 0;
     if (event == VolumeEvent::Mount) {
-        model_->Rebuild([&] { index = tree_->InsertVolumeRow(path); });
+        pModel->Rebuild([&] { index = pTree->InsertVolumeRow(path); });
         mode = index > 0 ? 1 : 0;
     } else {
-        if (const int i = tree_->TopIndexOfPath(path); i > 0)
-            DiscloseExpandLost(*tree_->DataArray()[static_cast<std::size_t>(i)],
-                               RowOfIndex(model_->index(i, 0)));
+        if (const int i = pTree->TopIndexOfPath(path); i > 0)
+            DiscloseExpandLost(*pTree->DataArray()[static_cast<std::size_t>(i)],
+                               RowOfIndex(pModel->index(i, 0)));
         std::unique_ptr<RowRecord> removed;
-        model_->Rebuild([&] { removed = tree_->RemoveRowOfPath(path, index); });
+        pModel->Rebuild([&] { removed = pTree->RemoveRowOfPath(path, index); });
         mode = removed ? 2 : 0;
         if (selectedRow < 0) emit selectionDidChange(-1, QString());
     }
     DiscloseExpand(mode, index);
-    selectedPath_.clear();
+    pSelectedPath.clear();
     verticalScrollBar()->setValue(scrolled);
     if (mode == 1) AutoSelect();
+}
+
+void SidebarView::ListenTo(const VolumeWatcher& watcher) {
+    connect(&watcher, &VolumeWatcher::unmounted, this,
+            [this](const QString& point) { getPost(VolumeEvent::Unmount, point.toStdString()); });
+    connect(&watcher, &VolumeWatcher::mounted, this,
+            [this](const QString& point) { getPost(VolumeEvent::Mount, point.toStdString()); });
 }
 
 // Rows opened or closed above the selection since it was made have moved it; the recorded row
@@ -164,15 +151,10 @@ void SidebarView::RecordSelection() {
     const QModelIndexList chosen = selectionModel()->selectedRows();
     if (!chosen.isEmpty()) {
         selectedRow = RowOfIndex(chosen.front());
-        selectedPath_ = SidebarModel::RowOf(chosen.front())->path;
+        pSelectedPath = SidebarModel::RowOf(chosen.front())->path;
     } else {
-        selectedPath_ = selectedRow >= 0 ? PathOfRow(selectedRow) : std::string();
+        pSelectedPath = selectedRow >= 0 ? PathOfRow(selectedRow) : std::string();
     }
-}
-
-void SidebarView::RemoveObserver() {
-    delete lvNotif;
-    lvNotif = nullptr;
 }
 
 // ---- camera media ----------------------------------------------------------------------
@@ -182,7 +164,7 @@ bool SidebarView::AutoSelect2(std::string_view name) {
 }
 
 void SidebarView::AutoSelect() {
-    const auto found = CameraSearch::Find(tree_->DataArray());
+    const auto found = CameraSearch::Find(pTree->DataArray());
     if (!found) return;
     gFI = found->volume;
     const QModelIndex volume = ChildOfPath({}, found->volume);
@@ -191,16 +173,16 @@ void SidebarView::AutoSelect() {
     expand(dcim);
     const QModelIndex folder = ChildOfPath(dcim, found->folder);
     if (!folder.isValid()) return;
-    autoSelecting_ = true;
+    pAutoSelecting = true;
     selectionModel()->setCurrentIndex(folder, QItemSelectionModel::ClearAndSelect);
-    autoSelecting_ = false;
+    pAutoSelecting = false;
     scrollTo(folder);
 }
 
 QModelIndex SidebarView::ChildOfPath(const QModelIndex& parent, const std::string& path) const {
-    if (parent.isValid() && model_->canFetchMore(parent)) model_->fetchMore(parent);
-    for (int r = 0; r < model_->rowCount(parent); ++r) {
-        const QModelIndex child = model_->index(r, 0, parent);
+    if (parent.isValid() && pModel->canFetchMore(parent)) pModel->fetchMore(parent);
+    for (int r = 0; r < pModel->rowCount(parent); ++r) {
+        const QModelIndex child = pModel->index(r, 0, parent);
         if (SidebarModel::RowOf(child)->path == path) return child;
     }
     return {};
@@ -224,16 +206,16 @@ void SidebarView::DiscloseExpandSel(int mode, int index) {
     int row = selectedRow;
     if (mode == 1 && selectedRow >= at) ++row;
     if (mode == 2 && selectedRow > at) --row;
-    if (!selectedPath_.empty() && PathOfRow(row) != selectedPath_) {
-        const int found = RowOfPath(selectedPath_);
+    if (!pSelectedPath.empty() && PathOfRow(row) != pSelectedPath) {
+        const int found = RowOfPath(pSelectedPath);
         if (found >= 0) row = found;
     }
     RestoreSelection(row);
 }
 
 int SidebarView::DisplayRowOfTop(int index) const {
-    if (index >= model_->rowCount()) return VisibleRowCount();
-    return RowOfIndex(model_->index(std::max(index, 0), 0));
+    if (index >= pModel->rowCount()) return VisibleRowCount();
+    return RowOfIndex(pModel->index(std::max(index, 0), 0));
 }
 
 void SidebarView::RestoreSelection(int row) {
@@ -244,9 +226,9 @@ void SidebarView::RestoreSelection(int row) {
         emit selectionDidChange(-1, QString());
         return;
     }
-    quiet_ = !selectedPath_.empty() && PathOfRow(row) == selectedPath_;
+    pQuiet = !pSelectedPath.empty() && PathOfRow(row) == pSelectedPath;
     SelectRow(row);
-    quiet_ = false;
+    pQuiet = false;
 }
 
 void SidebarView::DiscloseExpandLost(const RowRecord& item, int row) {
@@ -272,14 +254,14 @@ void SidebarView::OnSelectionChanged() {
     const QModelIndexList chosen = selectionModel()->selectedRows();
     const QModelIndex index = chosen.isEmpty() ? QModelIndex() : chosen.front();
     const int row = RowOfIndex(index);
-    if (!quiet_)
+    if (!pQuiet)
         emit selectionDidChange(
             row, row < 0 ? QString() : index.data(SidebarModel::PathRole).toString());
     selectedRow = row;
 }
 
 void SidebarView::MarkExpand(const QModelIndex& index, bool open) {
-    model_->setData(index, open, SidebarModel::ExpandRole);
+    pModel->setData(index, open, SidebarModel::ExpandRole);
 }
 
 void SidebarView::mousePressEvent(QMouseEvent* event) {

@@ -1,23 +1,21 @@
 #pragma once
 // The sidebar: a tree of row records (the "デスクトップ" group row, the volumes, the Desktop's
 // folders) shown in a tree view with 19-pixel rows. Children load when a row is first opened.
-// The window hears of a changed selection through selectionDidChange. The view keeps itself
-// true while volumes come and go, and finds camera media on its own.
+// The window hears of a changed selection through selectionDidChange. Told of volumes that
+// come and go (getPost), the view keeps itself true and finds camera media on its own.
 #include <QTreeView>
 #include <memory>
 #include <string>
 #include <string_view>
 
-class QSocketNotifier;
-
 namespace lumivex {
 
 class Settings;
 class FolderTree;
-class MountMonitor;
 struct RowRecord;
 class SidebarModel;
 class SidebarDelegate;
+class VolumeWatcher;
 
 class SidebarView : public QTreeView {
     Q_OBJECT
@@ -43,16 +41,15 @@ class SidebarView : public QTreeView {
     // it; an unmount removes the row. The open rows and the selected folder are kept.
     enum class VolumeEvent { Mount, Unmount };
     void getPost(VolumeEvent event, const std::string& path);
-    // Stops listening to the mount table (before the program ejects a disk itself).
-    void RemoveObserver();
-    bool Observing() const { return lvNotif != nullptr; }
+    // Follows the volumes that `watcher` reports, through getPost.
+    void ListenTo(const VolumeWatcher& watcher);
 
     // Finds the first volume with a "DCIM" folder holding a numbered folder, opens the way to
     // it and selects it. Nothing changes when there is none.
     void AutoSelect();
     static bool AutoSelect2(std::string_view name);
     // True while AutoSelect's own selection is being reported.
-    bool AutoSelecting() const { return autoSelecting_; }
+    bool AutoSelecting() const { return pAutoSelecting; }
     // The volume on which AutoSelect last found camera media; "" when it never found any.
     std::string gFI;
 
@@ -86,13 +83,12 @@ class SidebarView : public QTreeView {
     void selectionDidChange(int row, const QString& path);
 
   protected:
-    // actionEvent: a click below the rows deselects.
+    // A click below the rows deselects; the group row takes no click.
     void mousePressEvent(QMouseEvent* event) override;
 
   private:
     void OnSelectionChanged();
     void MarkExpand(const QModelIndex& index, bool open);
-    void OnMountTableChanged();
     void RecordSelection();
     // The child of `parent` whose row carries `path`; invalid when there is none.
     QModelIndex ChildOfPath(const QModelIndex& parent, const std::string& path) const;
@@ -101,15 +97,13 @@ class SidebarView : public QTreeView {
     // Selects `row`; when it is the folder that was selected before the reload, quietly.
     void RestoreSelection(int row);
 
-    const Settings& prefs_;
-    std::unique_ptr<FolderTree> tree_;
-    SidebarModel* model_;
-    SidebarDelegate* delegate_;
-    std::unique_ptr<MountMonitor> monitor_;
-    QSocketNotifier* lvNotif = nullptr;
-    std::string selectedPath_;  // the selected folder while the rows are reloaded
-    bool quiet_ = false;
-    bool autoSelecting_ = false;
+    const Settings& pPrefs;
+    std::unique_ptr<FolderTree> pTree;
+    SidebarModel* pModel;
+    SidebarDelegate* pDelegate;
+    std::string pSelectedPath;  // the selected folder while the rows are reloaded
+    bool pQuiet = false;        // a selection restored after a reload is not news
+    bool pAutoSelecting = false;
 };
 
 }  // namespace lumivex

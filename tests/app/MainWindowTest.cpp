@@ -1,8 +1,10 @@
-// The desktop program driven as a user would: start with a settings folder of its own, select
-// folders, wait for the scan, click, stop, close, and read what was saved.
+// The desktop program driven as a user would: start with a settings folder and a Desktop of
+// its own, select folders in the sidebar or directly, click, stop, close, and read what was
+// saved.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <QMenu>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
@@ -20,32 +22,20 @@
 #include "browser/ScanProgressStrip.h"
 #include "browser/ThumbnailCanvas.h"
 #include "core/PrefFile.h"
+#include "sidebar/SidebarView.h"
+#include "sidebar/VolumeWatcher.h"
 
 namespace lumivex {
 namespace {
 
 namespace fs = std::filesystem;
 
-std::vector<std::uint8_t> CameraBytes(int thumbW, int thumbH) {
-    fixtures::ExifJpegBuilder b;
-    b.Ifd0().Ascii(0x010F, "M");
-    b.JpegThumbnail(thumbW, thumbH);
-    return b.Build();
-}
-
-void WriteBytes(const fs::path& file, const std::vector<std::uint8_t>& bytes) {
-    std::ofstream(file, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()),
-               static_cast<std::streamsize>(bytes.size()));
-}
-
 class MainWindowTest : public ::testing::Test {
   protected:
     void SetUp() override {
-        fs::create_directories(root_ / "home" / "Desktop");
+        fs::create_directories(desktop_);
         fs::create_directories(root_ / "settings");
-        // The sidebar lists the Desktop of this home, not the tester's.
-        ::setenv("HOME", (root_ / "home").c_str(), 1);
+        ::setenv("HOME", (root_ / "home").c_str(), 1);  // the sidebar lists this Desktop
         ::setenv("XDG_CONFIG_HOME", (root_ / "home" / ".config").c_str(), 1);
         app_ = std::make_unique<App>(prompter_, root_ / "settings");
     }
@@ -53,191 +43,229 @@ class MainWindowTest : public ::testing::Test {
 
     MainWindow* Start() {
         app_->InitApp();
-        MainWindow* w = app_->MakeWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(w));
-        return w;
+        w_ = app_->MakeWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(w_));
+        return w_;
     }
-    // A folder of `count` pictures with thumbnails thumbW x thumbH, written out of name order.
-    fs::path Folder(const std::string& name, int count, int thumbW = 100, int thumbH = 75) {
-        const fs::path dir = root_ / name;
+    // `names` pictures with thumbnails w x h in `dir`, written out of name order.
+    static fs::path Folder(const fs::path& dir, std::vector<std::string> names, int w = 100,
+                           int h = 75) {
         fs::create_directories(dir);
-        const auto bytes = CameraBytes(thumbW, thumbH);
-        for (int i = count - 1; i >= 0; --i) {
-            char file[32];
-            std::snprintf(file, sizeof file, "IMG_%05d.JPG", i);
-            WriteBytes(dir / file, bytes);
-        }
+        fixtures::ExifJpegBuilder b;
+        b.Ifd0().Ascii(0x010F, "M");
+        b.JpegThumbnail(w, h);
+        for (auto it = names.rbegin(); it != names.rend(); ++it)
+            b.Write(dir / *it);
         return dir;
     }
-    static void WaitForScan(MainWindow* w) {
-        QSignalSpy done(w, &MainWindow::scanFinished);
-        if (w->ScanRunning()) {
-            ASSERT_TRUE(done.wait(20000));
-        }
+    static std::vector<std::string> Numbered(int count) {
+        std::vector<std::string> names;
+        for (int i = 0; i < count; ++i)
+            names.push_back("IMG_" + std::to_string(10000 + i) + ".JPG");
+        return names;
+    }
+    bool Scan(const fs::path& dir) {
+        QSignalSpy done(w_, &MainWindow::scanFinished);
+        w_->SelFolder1(dir.string());
+        return done.wait(20000);
     }
     // Moves the divider until the canvas is `width` pixels wide.
-    static void CanvasWidth(MainWindow* w, int width) {
-        QSplitter* s = w->Splitter();
+    void CanvasWidth(int width) {
+        QSplitter* s = w_->Splitter();
         const int total = s->sizes()[0] + s->sizes()[1];
-        const int extra = s->sizes()[1] - w->Canvas()->width();
+        const int extra = s->sizes()[1] - w_->Canvas()->width();
         s->setSizes({total - width - extra, width + extra});
         QCoreApplication::processEvents();
-        ASSERT_EQ(w->Canvas()->width(), width);
+        ASSERT_EQ(w_->Canvas()->width(), width);
+    }
+    void Click(int item, Qt::KeyboardModifiers mods = {}, Qt::MouseButton b = Qt::LeftButton) {
+        const ItemRecord& r = w_->Items()[static_cast<std::size_t>(item)];
+        QTest::mouseClick(w_->Canvas(), b, mods, QPoint(r.x + 1, r.y + 1));
     }
 
     fixtures::ScratchDir scratch_;
     fs::path root_ = scratch_.path();
+    fs::path desktop_ = root_ / "home" / "Desktop";
     ScriptedPrompter prompter_;
     std::unique_ptr<App> app_;
+    MainWindow* w_ = nullptr;
 };
 
-TEST_F(MainWindowTest, ScanShowsItemsInNameOrderAndFlowsThemToThePixel) {
-    const fs::path dir = Folder("card", 7);
+TEST_F(MainWindowTest, ScanShowsItemsInNameOrderFollowsTheDividerAndClicksSelect) {
+    const fs::path dir = Folder(root_ / "card", Numbered(7));
     std::ofstream(dir / "notes.txt") << "not a picture";
-    WriteBytes(dir / "AAA_noexif.JPG", {0xFF, 0xD8, 0xFF, 0xD9});
-    MainWindow* w = Start();
-    CanvasWidth(w, 320);
-    w->SelFolder1(dir.string());
-    EXPECT_TRUE(w->ProgressStrip()->JobShown());
-    WaitForScan(w);
-    EXPECT_FALSE(w->ProgressStrip()->JobShown());
-
-    const auto& items = w->Items();
+    std::ofstream(dir / "AAA_noexif.JPG") << "\xFF\xD8\xFF\xD9";
+    Start();
+    CanvasWidth(320);
+    QSignalSpy done(w_, &MainWindow::scanFinished);
+    w_->SelFolder1(dir.string());
+    EXPECT_TRUE(w_->ProgressStrip()->JobShown());
+    ASSERT_TRUE(done.wait(20000));
+    EXPECT_FALSE(w_->ProgressStrip()->JobShown());
+    const auto& items = w_->Items();
     ASSERT_EQ(items.size(), 7u);
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        char name[32];
-        std::snprintf(name, sizeof name, "IMG_%05zu.JPG", i);
-        EXPECT_EQ(items[i].fname, name);
-        EXPECT_EQ(items[i].w, 100);
-        EXPECT_EQ(items[i].h, 75);
-    }
-    // Three 100-pixel items fill a 320-pixel row: the third ends at 315 plus its 5-pixel gap.
-    const int xs[] = {5, 110, 215, 5, 110, 215, 5};
-    const int ys[] = {5, 5, 5, 100, 100, 100, 195};
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        EXPECT_EQ(items[i].x, xs[i]) << i;
-        EXPECT_EQ(items[i].y, ys[i]) << i;
-    }
-    EXPECT_TRUE(w->Commands().Enabled(CommandState::kExportAll));
+    for (std::size_t i = 0; i < items.size(); ++i)
+        EXPECT_EQ(items[i].fname, Numbered(7)[i]);
+    EXPECT_EQ(items[2].y, 5);  // three in a row of 320 pixels
+    EXPECT_TRUE(w_->Commands().Enabled(CommandState::kExportAll));
 
-    // One pixel less and only two fit; the re-flow follows the divider at once.
-    CanvasWidth(w, 319);
-    EXPECT_EQ(items[2].x, 5);
-    EXPECT_EQ(items[2].y, 100);
+    // One pixel less and only two fit; content 290 + 75 + 20 pixels high.
+    CanvasWidth(319);
     EXPECT_EQ(items[6].y, 290);
-    // Content 290 + 75 + 20 = 385 pixels high: the bar scrolls exactly the overhang.
-    const int over = 385 - w->Canvas()->height();
-    EXPECT_EQ(w->ScrollBar()->isEnabled(), over > 0);
-    EXPECT_EQ(w->ScrollBar()->maximum(), std::max(over, 0));
-}
+    const int over = 385 - w_->Canvas()->height();
+    EXPECT_EQ(w_->ScrollBar()->isEnabled(), over > 0);
+    EXPECT_EQ(w_->ScrollBar()->maximum(), std::max(over, 0));
 
-TEST_F(MainWindowTest, ClickShiftClickAndGroundClickDriveSelectionAndCommands) {
-    const fs::path dir = Folder("card", 4);
-    MainWindow* w = Start();
-    CanvasWidth(w, 320);
-    w->SelFolder1(dir.string());
-    WaitForScan(w);
-    const auto& items = w->Items();
-    ASSERT_EQ(items.size(), 4u);
-    auto at = [&](std::size_t i, int dy = 1) { return QPoint(items[i].x + 1, items[i].y + dy); };
-    const auto& cmd = w->Commands();
+    // Clicks drive the selection, the commands and the contextual menu.
+    EXPECT_EQ(w_->BuildContextMenu(w_), nullptr);  // nothing selected: no menu of the pane
+    Click(1);
+    EXPECT_EQ(w_->Selection().pCidxFlg, 1);
+    EXPECT_TRUE(w_->Commands().Enabled(CommandState::kExifInfo));
+    std::unique_ptr<QMenu> one(w_->BuildContextMenu(nullptr));
+    EXPECT_EQ(one->actions().size(), 10);
+    Click(3, Qt::ShiftModifier);
+    EXPECT_EQ(w_->Selection().pCidxFlg, 2);
+    EXPECT_FALSE(w_->Commands().Enabled(CommandState::kExifInfo));
+    EXPECT_TRUE(w_->Commands().Enabled(CommandState::kExportMenu));
+    std::unique_ptr<QMenu> many(w_->BuildContextMenu(nullptr));
+    EXPECT_EQ(many->actions().size(), 6);
 
-    QTest::mouseClick(w->Canvas(), Qt::LeftButton, Qt::NoModifier, at(1));
-    EXPECT_TRUE(items[1].selected);
-    EXPECT_EQ(w->Selection().pCidxFlg, 1);
-    EXPECT_EQ(w->Selection().pCidx, 1);
-    EXPECT_TRUE(cmd.Enabled(CommandState::kExifInfo));
-    EXPECT_TRUE(cmd.Enabled(CommandState::kRotateLeft));
-
-    QTest::mouseClick(w->Canvas(), Qt::LeftButton, Qt::ShiftModifier, at(3));
-    EXPECT_TRUE(items[1].selected);
-    EXPECT_TRUE(items[3].selected);
-    EXPECT_EQ(w->Selection().pCidxFlg, 2);
-    EXPECT_FALSE(cmd.Enabled(CommandState::kExifInfo));
-    EXPECT_TRUE(cmd.Enabled(CommandState::kExportMenu));
-
-    // A plain click on an item's label hits nothing and clears the selection.
-    QTest::mouseClick(w->Canvas(), Qt::LeftButton, Qt::NoModifier, at(0, 75 + 8));
-    EXPECT_EQ(w->Selection().pCidxFlg, 0);
-    for (const auto& item : items)
-        EXPECT_FALSE(item.selected);
-    EXPECT_FALSE(cmd.Enabled(CommandState::kExportMenu));
-
+    QTest::mouseClick(w_->Canvas(), Qt::LeftButton, {}, QPoint(3, 3));  // the ground
+    EXPECT_EQ(ItemSelection::CountSelected(w_->Items()), 0);
+    EXPECT_FALSE(w_->Commands().Enabled(CommandState::kExportMenu));
     // A right click on one of several selected items keeps them all for the menu.
-    w->SelectAll();
-    QTest::mouseClick(w->Canvas(), Qt::RightButton, Qt::NoModifier, at(2));
-    EXPECT_EQ(w->Selection().pCidxFlg, 2);
-    for (const auto& item : items)
-        EXPECT_TRUE(item.selected);
+    w_->SelectAll();
+    Click(2, {}, Qt::RightButton);
+    EXPECT_EQ(ItemSelection::CountSelected(w_->Items()), 7);
 }
 
 TEST_F(MainWindowTest, StopKeepsAPrefixAndASecondSelectionDuringAScanIsDropped) {
-    const fs::path big = Folder("big", 4000, 16, 12);
-    const fs::path other = Folder("other", 3);
-    MainWindow* w = Start();
-    w->SelFolder1(big.string());
-    w->SelFolder1(other.string());  // dropped: one job at a time
-    auto* bar = w->ProgressStrip()->ProgressBar1;
+    const fs::path big = Folder(root_ / "big", Numbered(4000), 16, 12);
+    const fs::path other = Folder(root_ / "other", Numbered(3));
+    Start();
+    QSignalSpy done(w_, &MainWindow::scanFinished);
+    w_->SelFolder1(big.string());
+    w_->SelFolder1(other.string());  // dropped: one job at a time
+    auto* bar = w_->ProgressStrip()->ProgressBar1;
     ASSERT_TRUE(QTest::qWaitFor([&] { return bar->value() > 0; }, 10000));
-    QTest::mouseClick(w->ProgressStrip()->PushButton1, Qt::LeftButton);
-    WaitForScan(w);
-    const auto& items = w->Items();
+    QTest::mouseClick(w_->ProgressStrip()->PushButton1, Qt::LeftButton);
+    ASSERT_TRUE(done.wait(20000));
+    const auto& items = w_->Items();
     ASSERT_FALSE(items.empty());
     EXPECT_LT(items.size(), 4000u);
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        char name[32];
-        std::snprintf(name, sizeof name, "IMG_%05zu.JPG", i);
-        ASSERT_EQ(items[i].fname, name);
-        ASSERT_EQ(fs::path(items[i].path).parent_path(), big);
-    }
-    // Idle again: the next selection is taken.
-    w->SelFolder1(other.string());
-    WaitForScan(w);
-    EXPECT_EQ(w->Items().size(), 3u);
+    for (std::size_t i = 0; i < items.size(); ++i)
+        ASSERT_EQ(items[i].path, (big / Numbered(4000)[i]).string());
+    ASSERT_TRUE(Scan(other));  // idle again: the next selection is taken
+    EXPECT_EQ(w_->Items().size(), 3u);
 }
 
-TEST_F(MainWindowTest, CloseSavesTheFrameInTheCurrentLayout) {
-    MainWindow* w = Start();
-    w->resize(900, 600);
+TEST_F(MainWindowTest, TheFrameIsSavedAtCloseAndComesBackAndAMissingFileIsSaid) {
+    Start();
+    ASSERT_EQ(prompter_.asked, QStringList({QString::fromUtf8(PrefFile::kNoFileMessage.data(),
+                                                              PrefFile::kNoFileMessage.size())}));
+    w_->resize(900, 600);
     QCoreApplication::processEvents();
-    const QRect frame(w->x(), w->y(), w->width(), w->height());
-    const int canvasLeft = w->Canvas()->mapTo(w, QPoint(0, 0)).x();
-    w->close();
-
-    const fs::path file = root_ / "settings" / "pref";
-    ASSERT_TRUE(fs::exists(file));
-    std::ifstream in(file, std::ios::binary);
-    char head[6] = {};
-    in.read(head, 6);
-    EXPECT_EQ(std::string(head + 1, 5), "pref4");
+    CanvasWidth(500);
+    const QPoint at = w_->pos();
+    const int canvasLeft = w_->Canvas()->mapTo(w_, QPoint(0, 0)).x();
+    w_->close();
 
     Settings saved;
     saved.InitAll();
     ASSERT_EQ(PrefFile::LoadPref(saved, root_ / "settings"), LoadResult::Loaded);
-    EXPECT_EQ(saved.gPref[41], frame.x());
-    EXPECT_EQ(saved.gPref[42], frame.y());
-    EXPECT_EQ(saved.gPref[43], 900);
-    EXPECT_EQ(saved.gPref[44], 600);
-    EXPECT_EQ(saved.gPref[45], canvasLeft);
+    const std::vector<std::int64_t> frame{at.x(), at.y(), 900, 600, canvasLeft};
+    EXPECT_EQ(std::vector<std::int64_t>(&saved.gPref[41], &saved.gPref[46]), frame);
+
+    saved.gPref[43] = 600;  // below the minimum width
+    ASSERT_TRUE(PrefFile::SavePref(saved, root_ / "settings"));
+    app_ = std::make_unique<App>(prompter_, root_ / "settings");
+    Start();
+    EXPECT_EQ(w_->width(), MainWindow::kMinWidth);
+    EXPECT_EQ(w_->height(), 600);
+    EXPECT_EQ(w_->Canvas()->mapTo(w_, QPoint(0, 0)).x(), canvasLeft);
 }
 
-TEST_F(MainWindowTest, SavedFrameComesBackAndAMissingFileIsSaid) {
-    // A folder without a settings file: the user is told, and the defaults hold.
-    app_->InitApp();
-    ASSERT_EQ(prompter_.asked.size(), 1);
-    EXPECT_EQ(prompter_.asked[0].toStdString(), PrefFile::kNoFileMessage);
+TEST_F(MainWindowTest, ARowSelectionScansAClickBelowTheRowsClearsAndCutLabelsHaveATip) {
+    Folder(desktop_ / "Card", {"A_very_long_file_name_that_cannot_fit.JPG", "DSC_0001.JPG"}, 160,
+           120);
+    Start();
+    SidebarView* o = w_->Outline();
+    const int row = o->RowOfPath((desktop_ / "Card").string());
+    ASSERT_GT(row, 0);
+    QSignalSpy done(w_, &MainWindow::scanFinished);
+    QTest::mouseClick(o->viewport(), Qt::LeftButton, {},
+                      o->visualRect(o->IndexOfRow(row)).center());
+    ASSERT_TRUE(done.wait(10000));
+    const auto& items = w_->Items();
+    ASSERT_EQ(items.size(), 2u);
 
-    Settings s;
-    s.InitAll();
-    s.gPref[43] = 600;  // below the minimum width
-    s.gPref[44] = 700;
-    s.gPref[45] = 260;
-    ASSERT_TRUE(PrefFile::SavePref(s, root_ / "settings"));
-    app_ = std::make_unique<App>(prompter_, root_ / "settings");
-    MainWindow* w = Start();
-    EXPECT_EQ(w->width(), MainWindow::kMinWidth);
-    EXPECT_EQ(w->height(), 700);
-    EXPECT_EQ(w->Canvas()->mapTo(w, QPoint(0, 0)).x(), 260);
+    // The pointer rests for a full timer round over a picture: a cut label is named.
+    for (const auto& [i, tip] :
+         {std::pair{0, "A_very_long_file_name_that_cannot_fit"}, std::pair{1, ""}}) {
+        QTest::mouseMove(w_->Canvas(), QPoint(items[i].x + 20, items[i].y + 20));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return w_->ToolTipText() == tip; }, 6000)) << i;
+    }
+
+    // Select a thumbnail, then click the empty sidebar: grid and selection go.
+    Click(0);
+    QTest::mouseClick(o->viewport(), Qt::LeftButton, {}, QPoint(20, o->viewport()->height() - 5));
+    EXPECT_EQ(o->selectedRow, -1);
+    EXPECT_TRUE(w_->Items().empty());
+    EXPECT_EQ(w_->Selection().pCidxFlg, 0);
+    EXPECT_FALSE(w_->Commands().Enabled(CommandState::kExportAll));
+}
+
+TEST_F(MainWindowTest, ACardFoundDuringAScanTakesOverTheGrid) {
+    Folder(desktop_ / "Big", Numbered(400), 16, 12);
+    const fs::path card = root_ / "card";
+    Folder(card / "DCIM" / "100TEST", {"DSC_0000.JPG", "DSC_0001.JPG", "DSC_0002.JPG"}, 16, 12);
+    Start();
+    // The scan has started and not been collected when the card's volume appears.
+    w_->SelFolder1((desktop_ / "Big").string());
+    ASSERT_TRUE(w_->ScanRunning());
+    w_->Outline()->getPost(SidebarView::VolumeEvent::Mount, card.string());
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return !w_->ScanRunning() && w_->Items().size() == 3; }, 10000))
+        << w_->Items().size() << " items";
+    EXPECT_EQ(w_->Items()[0].fname, "DSC_0000.JPG");
+    SidebarView* o = w_->Outline();
+    EXPECT_EQ(o->PathOfRow(o->selectedRow), (card / "DCIM" / "100TEST").string());
+}
+
+TEST_F(MainWindowTest, TheQuitEjectsOnlyAStillMountedCardAndSaysWhatWentWrong) {
+    const fs::path log = root_ / "eject.log";
+    std::ofstream(root_ / "eject.sh") << "echo \"$1\" >> '" << log.string() << "'\nexit 3\n";
+    Start();
+    w_->SetEjectScript(root_ / "eject.sh");
+    SidebarView* o = w_->Outline();
+    Settings& prefs = app_->Prefs();
+    prompter_.asked.clear();
+
+    // Off in the settings, no card found, or the card gone: nothing runs. /proc stands in
+    // for the card: every Linux system has it mounted.
+    for (const auto& [on, volume] : {std::pair{0, std::string("/proc")},
+                                     {1, std::string()},
+                                     {1, std::string("/")},
+                                     {1, (root_ / "gone").string()}}) {
+        prefs.gPref[31] = on;
+        o->gFI = volume;
+        w_->UnmountCam();
+    }
+    EXPECT_FALSE(fs::exists(log));
+    EXPECT_TRUE(prompter_.asked.isEmpty());
+    EXPECT_TRUE(w_->Watcher()->Observing());
+
+    // The script's failure is reported with its code; the watcher was stopped first.
+    o->gFI = "/proc";
+    w_->UnmountCam();
+    EXPECT_EQ(prompter_.asked, QStringList({"error code: 3"}));
+    EXPECT_FALSE(w_->Watcher()->Observing());
+    std::string arg;
+    std::getline(std::ifstream(log) >> std::ws, arg);
+    EXPECT_EQ(arg, "/proc");
+    w_->SetEjectScript(root_ / "missing.sh");
+    w_->UnmountCam();
+    EXPECT_EQ(prompter_.asked.back(), "file not found.");
 }
 
 }  // namespace

@@ -1,14 +1,16 @@
-// The sidebar view: 19-pixel rows, selection reported before selectedRow changes, a click
-// below the rows deselects, the header row ignores clicks, rows open lazily.
+// The sidebar view: 19-pixel rows, selection reported before selectedRow changes, clicks on
+// the header and below the rows, and volumes coming and going: rows inserted and
+// removed, open rows kept, the selection kept on its folder or dropped with its volume, and a
+// mounted camera card opened down to its numbered folder.
 #include <gtest/gtest.h>
+
 #include <stdlib.h>
 
-#include <QSignalSpy>
 #include <QTest>
 
 #include "SidebarTestSupport.h"
 #include "core/Settings.h"
-#include "sidebar/FolderTree.h"
+#include "model/FolderTree.h"
 #include "sidebar/SidebarDelegate.h"
 #include "sidebar/SidebarModel.h"
 #include "sidebar/SidebarView.h"
@@ -16,107 +18,171 @@
 namespace lumivex {
 namespace {
 
-// Puts the user's Desktop in a scratch home for one case.
+using Event = SidebarView::VolumeEvent;
+
 class SidebarViewTest : public ::testing::Test {
   protected:
     void SetUp() override {
-        home_.Dirs({"config", "Desktop/Alpha/One", "Desktop/Alpha/Two", "Desktop/Beta"});
+        home_.Dirs({"config", "Desktop/Alpha/One", "Desktop/Alpha/Two", "Desktop/Beta/c"});
         home_.Picture("Desktop/Beta/IMG_0001.JPG");
-        scoped_ = std::make_unique<test::ScopedHome>(home_);
+        v1_.Dirs({"v1a", "v1b"});
+        v2_.Dirs({"v2a"});
+        card_.Dirs({"DCIM/CANONMSC", "DCIM/100CANON", "MISC"});
+        ::setenv("HOME", home_.Str().c_str(), 1);  // the Desktop listed is home_'s
+        ::setenv("XDG_CONFIG_HOME", home_.Str("config").c_str(), 1);
         prefs_.InitAll();
         prefs_.gPref[6] = 0x00AA33;
+        view_ = std::make_unique<SidebarView>(prefs_);
+        view_->resize(240, 600);
+        view_->show();
+        QObject::connect(
+            view_.get(), &SidebarView::selectionDidChange, [this](int row, const QString& path) {
+                seen_.push_back(
+                    {row, path.toStdString(), view_->selectedRow, view_->AutoSelecting()});
+            });
     }
-    // The display row whose path is `rel` under the Desktop; -1 when it is not shown.
-    static int RowOf(const SidebarView& view, const std::string& path) {
-        for (int r = 0; r < view.VisibleRowCount(); ++r)
-            if (view.PathOfRow(r) == path) return r;
-        return -1;
+    void TearDown() override { view_.reset(); }
+    void SetVolumes(const std::vector<std::string>& paths) {
+        view_->Model().Rebuild([&] { view_->Tree().MakeTable(paths); });
     }
-    static QPoint Centre(SidebarView& view, int row) {
-        return view.visualRect(view.IndexOfRow(row)).center();
+    int Row(const std::string& path) const { return view_->RowOfPath(path); }
+    void Open(const std::string& path) { view_->expand(view_->IndexOfRow(Row(path))); }
+    bool IsOpen(const std::string& path) const {
+        return view_->isExpanded(view_->IndexOfRow(Row(path)));
+    }
+    void ClickAt(QPoint at) { QTest::mouseClick(view_->viewport(), Qt::LeftButton, {}, at); }
+    QPoint Centre(int row) const { return view_->visualRect(view_->IndexOfRow(row)).center(); }
+    // The folder the view shows selected (the recorded row may lag behind rows opened since).
+    std::string Selected() const {
+        const QModelIndexList rows = view_->selectionModel()->selectedRows();
+        return rows.isEmpty() ? ""
+                              : rows.front().data(SidebarModel::PathRole).toString().toStdString();
     }
 
-    test::ScratchTree home_;
+    struct Seen {
+        int row;
+        std::string path;
+        int selectedRowThen;
+        bool autoSelecting;
+        bool operator==(const Seen&) const = default;
+    };
+    test::ScratchTree home_, v1_, v2_, v3_, card_;
     Settings prefs_;
-    std::unique_ptr<test::ScopedHome> scoped_;
+    std::unique_ptr<SidebarView> view_;
+    std::vector<Seen> seen_;
+    std::string alpha_ = home_.Str("Desktop/Alpha"), beta_ = home_.Str("Desktop/Beta");
 };
 
-TEST_F(SidebarViewTest, RowsAreNineteenPixelsUnderAHeaderWithoutHeaderBar) {
-    SidebarView view(prefs_);
-    view.resize(240, 400);
-    view.show();
-    EXPECT_TRUE(view.isHeaderHidden());
-    EXPECT_EQ(view.PathOfRow(0), "");
-    EXPECT_EQ(view.visualRect(view.IndexOfRow(0)).height(), 19);
-    const int alpha = RowOf(view, home_.Str("Desktop/Alpha"));
-    const int beta = RowOf(view, home_.Str("Desktop/Beta"));
+TEST_F(SidebarViewTest, NineteenPixelRowsUnderAHeaderInTheSettingsColours) {
+    EXPECT_TRUE(view_->isHeaderHidden());
+    EXPECT_EQ(view_->PathOfRow(0), "");
+    const int alpha = Row(alpha_);
     ASSERT_GT(alpha, 1);  // after the header and at least "/"
-    EXPECT_EQ(beta, alpha + 1);
-    EXPECT_EQ(view.visualRect(view.IndexOfRow(alpha)).height(), 19);
-    EXPECT_EQ(view.RowOfIndex(view.IndexOfRow(beta)), beta);
-    EXPECT_FALSE(view.IndexOfRow(view.VisibleRowCount()).isValid());
+    EXPECT_EQ(Row(beta_), alpha + 1);
+    for (int row : {0, alpha})
+        EXPECT_EQ(view_->visualRect(view_->IndexOfRow(row)).height(), 19);
+    EXPECT_FALSE(view_->IndexOfRow(view_->VisibleRowCount()).isValid());
 
-    // The name colours: the settings' folder colour for a folder with pictures.
-    auto* delegate = qobject_cast<SidebarDelegate*>(view.itemDelegate());
+    // A folder with pictures in the settings' folder colour.
+    auto* delegate = qobject_cast<SidebarDelegate*>(view_->itemDelegate());
     ASSERT_NE(delegate, nullptr);
-    EXPECT_EQ(delegate->TextColor(view.IndexOfRow(beta)), QColor(0x00, 0xAA, 0x33));
-    EXPECT_EQ(delegate->TextColor(view.IndexOfRow(alpha)), QColor(32, 32, 32));
-    EXPECT_EQ(delegate->TextColor(view.IndexOfRow(0)), QColor(128, 128, 128));
-    view.SetFolderColor(0x123456);
-    EXPECT_EQ(delegate->TextColor(view.IndexOfRow(beta)), QColor(0x12, 0x34, 0x56));
+    EXPECT_EQ(delegate->TextColor(view_->IndexOfRow(Row(beta_))), QColor(0x00, 0xAA, 0x33));
+    EXPECT_EQ(delegate->TextColor(view_->IndexOfRow(alpha)), QColor(32, 32, 32));
+    EXPECT_EQ(delegate->TextColor(view_->IndexOfRow(0)), QColor(128, 128, 128));
+    view_->SetFolderColor(0x123456);
+    EXPECT_EQ(delegate->TextColor(view_->IndexOfRow(Row(beta_))), QColor(0x12, 0x34, 0x56));
 }
 
-TEST_F(SidebarViewTest, SelectionIsReportedBeforeSelectedRowChanges) {
-    SidebarView view(prefs_);
-    view.resize(240, 400);
-    view.show();
-    std::vector<std::tuple<int, std::string, int>> seen;  // row, path, selectedRow then
-    QObject::connect(&view, &SidebarView::selectionDidChange, [&](int row, const QString& path) {
-        seen.emplace_back(row, path.toStdString(), view.selectedRow);
-    });
-    const int alpha = RowOf(view, home_.Str("Desktop/Alpha"));
-    const int beta = alpha + 1;
-    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, Centre(view, beta));
-    view.SelectRow(alpha);
-    ASSERT_EQ(seen.size(), 2u);
-    EXPECT_EQ(seen[0], std::make_tuple(beta, home_.Str("Desktop/Beta"), -1));
-    EXPECT_EQ(seen[1], std::make_tuple(alpha, home_.Str("Desktop/Alpha"), beta));
-    EXPECT_EQ(view.selectedRow, alpha);
-
-    // The header row takes no click; a click below every row ends the selection.
-    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, Centre(view, 0));
-    EXPECT_EQ(seen.size(), 2u);
-    const int below = view.visualRect(view.IndexOfRow(view.VisibleRowCount() - 1)).bottom() + 30;
-    ASSERT_LT(below, view.viewport()->height());
-    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, QPoint(20, below));
-    ASSERT_EQ(seen.size(), 3u);
-    EXPECT_EQ(seen[2], std::make_tuple(-1, std::string(), alpha));
-    EXPECT_EQ(view.selectedRow, -1);
-    EXPECT_TRUE(view.selectionModel()->selectedRows().isEmpty());
+TEST_F(SidebarViewTest, SelectionIsReportedBeforeSelectedRowChangesAndClicksBelowDeselect) {
+    const int alpha = Row(alpha_), beta = Row(beta_);
+    ClickAt(Centre(beta));
+    view_->SelectRow(alpha);
+    ClickAt(Centre(0));  // the header row takes no click
+    const int below = view_->visualRect(view_->IndexOfRow(view_->VisibleRowCount() - 1)).bottom();
+    ASSERT_LT(below + 30, view_->viewport()->height());
+    ClickAt(QPoint(20, below + 30));
+    EXPECT_EQ(seen_,
+              (std::vector<Seen>{
+                  {beta, beta_, -1, false}, {alpha, alpha_, beta, false}, {-1, "", alpha, false}}));
+    EXPECT_EQ(view_->selectedRow, -1);
+    EXPECT_TRUE(view_->selectionModel()->selectedRows().isEmpty());
 }
 
-TEST_F(SidebarViewTest, OpeningARowLoadsItsChildrenAndRebuildClosesIt) {
-    SidebarView view(prefs_);
-    view.resize(240, 400);
-    view.show();
-    const int rows = view.VisibleRowCount();
-    const int alpha = RowOf(view, home_.Str("Desktop/Alpha"));
-    const QModelIndex index = view.IndexOfRow(alpha);
-    EXPECT_EQ(view.model()->rowCount(index), 0);
-    view.expand(index);
-    EXPECT_EQ(view.model()->rowCount(index), 2);
-    EXPECT_EQ(view.VisibleRowCount(), rows + 2);
-    EXPECT_EQ(view.PathOfRow(alpha + 2), home_.Str("Desktop/Alpha/Two"));
-    EXPECT_EQ(index.data(SidebarModel::ExpandRole).toString(), QStringLiteral("true"));
-    view.collapse(index);
-    EXPECT_EQ(index.data(SidebarModel::ExpandRole).toString(), QStringLiteral("false"));
+TEST_F(SidebarViewTest, OpenRowsAndTheSelectedFolderSurviveMountsAndUnmounts) {
+    SetVolumes({v1_.Str(), v2_.Str()});
+    const std::string c = home_.Str("Desktop/Beta/c");
+    ASSERT_EQ(Row(v1_.Str()), 1);
+    for (const std::string& p : {v1_.Str(), alpha_, beta_})  // open rows above the selection
+        Open(p);
+    view_->SelectRow(Row(c));
+    Open(v2_.Str());  // below the insertion point, above the selection
+    const int before = Row(c);
+    seen_.clear();
 
-    view.expand(index);
-    view.SelectRow(alpha + 1);
-    view.RemakeTable(true);
-    EXPECT_EQ(view.VisibleRowCount(), rows);
-    EXPECT_EQ(view.selectedRow, alpha + 1);  // a rebuild leaves the record alone
-    EXPECT_FALSE(view.Tree().DataArray()[static_cast<std::size_t>(alpha)]->children);
+    // A mount: the new row after the last volume, closed; the selection one row down.
+    view_->getPost(Event::Mount, v3_.Str());
+    EXPECT_EQ(Row(v3_.Str()), Row(v2_.Str()) + 2);
+    EXPECT_FALSE(IsOpen(v3_.Str()));
+    EXPECT_EQ(view_->selectedRow, before + 1);
+    EXPECT_EQ(Selected(), c);
+    for (const std::string& p : {v1_.Str(), v2_.Str(), alpha_, beta_})
+        EXPECT_TRUE(IsOpen(p)) << p;
+    EXPECT_EQ(view_->gFI, "");
+
+    // The removal of an open volume above the selection moves it by more than one row; a
+    // path that is not listed changes nothing.
+    view_->getPost(Event::Unmount, v1_.Str());
+    view_->getPost(Event::Unmount, "/no/such/mount");
+    EXPECT_EQ(Row(v1_.Str()), -1);
+    EXPECT_EQ(view_->selectedRow, before + 1 - 3);
+    EXPECT_EQ(Selected(), c);
+    EXPECT_TRUE(seen_.empty());  // the same folder: the window is not told again
+
+    // The volume that holds the selected folder goes: no selection, and the window hears so.
+    view_->SelectRow(Row(v2_.Str("v2a")));
+    seen_.clear();
+    view_->getPost(Event::Unmount, v2_.Str());
+    EXPECT_EQ(view_->selectedRow, -1);
+    EXPECT_TRUE(view_->selectionModel()->selectedRows().isEmpty());
+    EXPECT_EQ(seen_, (std::vector<Seen>{{-1, "", -1, false}}));
+}
+
+TEST_F(SidebarViewTest, AMountedCardIsOpenedDownToItsNumberedFolderAndSelected) {
+    SetVolumes({v1_.Str()});
+    view_->SelectRow(Row(alpha_));
+    seen_.clear();
+    view_->getPost(Event::Mount, card_.Str());
+    const std::string folder = card_.Str("DCIM/100CANON");
+    ASSERT_EQ(seen_.size(), 1u);
+    EXPECT_EQ(seen_[0].path, folder);
+    EXPECT_TRUE(seen_[0].autoSelecting);
+    EXPECT_FALSE(view_->AutoSelecting());
+    EXPECT_EQ(Selected(), folder);
+    EXPECT_EQ(view_->gFI, card_.Str());
+    EXPECT_TRUE(IsOpen(card_.Str("DCIM")));
+    EXPECT_FALSE(IsOpen(v1_.Str()));
+    EXPECT_EQ(Row(folder), Row(card_.Str()) + 2);  // "DCIM" before "MISC", "100" first
+
+    // The same at start: a card listed with the others is found without a mount.
+    SetVolumes({v1_.Str(), card_.Str()});
+    view_->gFI.clear();
+    view_->AutoSelect();
+    EXPECT_EQ(std::make_pair(view_->gFI, Selected()), std::make_pair(card_.Str(), folder));
+
+    // A card without a numbered folder selects nothing; without any volume row a mount
+    // inserts nothing.
+    SetVolumes({v1_.Str()});
+    view_->selectedRow = -1;
+    test::ScratchTree blank;
+    blank.Dirs({"DCIM/MISC"});
+    seen_.clear();
+    view_->getPost(Event::Mount, blank.Str());
+    EXPECT_GE(Row(blank.Str()), 0);
+    EXPECT_TRUE(seen_.empty());
+    SetVolumes({});
+    const int rows = view_->VisibleRowCount();
+    view_->getPost(Event::Mount, card_.Str());
+    EXPECT_EQ(view_->VisibleRowCount(), rows);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "browser/ItemSelection.h"
+#include "model/ItemSelection.h"
 
 namespace lumivex {
 namespace {

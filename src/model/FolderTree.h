@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "sidebar/FolderTreeOptions.h"
-#include "sidebar/RowRecord.h"
+#include "model/FolderTreeOptions.h"
+#include "model/RowRecord.h"
 
 namespace lumivex {
 

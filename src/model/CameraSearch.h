@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "sidebar/RowRecord.h"
+#include "model/RowRecord.h"
 
 namespace lumivex {
 

@@ -3,7 +3,7 @@
 // none, 1 one, 2 several) and pCidx (the item the last click hit) sum it up. Qt-free.
 #include <vector>
 
-#include "browser/ItemRecord.h"
+#include "model/ItemRecord.h"
 
 namespace lumivex {
 

@@ -1,4 +1,4 @@
-#include "sidebar/FolderTreeOptions.h"
+#include "model/FolderTreeOptions.h"
 
 #include "core/Globals.h"
 #include "core/Settings.h"

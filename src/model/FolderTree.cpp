@@ -1,4 +1,4 @@
-#include "sidebar/FolderTree.h"
+#include "model/FolderTree.h"
 
 #include <dirent.h>
 

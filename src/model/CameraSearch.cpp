@@ -1,6 +1,6 @@
-#include "sidebar/CameraSearch.h"
+#include "model/CameraSearch.h"
 
-#include "sidebar/FolderTree.h"
+#include "model/FolderTree.h"
 
 namespace lumivex {
 

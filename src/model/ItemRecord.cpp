@@ -1,6 +1,8 @@
-#include "browser/ItemRecord.h"
+#include "model/ItemRecord.h"
 
 #include <utility>
+
+#include "core/Globals.h"
 
 namespace lumivex {
 
@@ -15,6 +17,14 @@ ItemRecord ItemRecord::FromScan(ScanItem&& item) {
     // selected, ifd1, rot, aspect and compact keep the values of a new item; x and y come
     // from the layout.
     return record;
+}
+
+std::string ItemRecord::Label(bool fullNames) const {
+    if (fullNames) return fname;
+    std::string body;
+    std::string extn;
+    gExtractBodyAndExtn(fname, body, extn);
+    return body;
 }
 
 }  // namespace lumivex

@@ -1,4 +1,4 @@
-#include "browser/CommandState.h"
+#include "model/CommandState.h"
 
 namespace lumivex {
 

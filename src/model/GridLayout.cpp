@@ -1,4 +1,4 @@
-#include "browser/GridLayout.h"
+#include "model/GridLayout.h"
 
 namespace lumivex {
 

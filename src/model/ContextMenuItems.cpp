@@ -1,4 +1,4 @@
-#include "browser/ContextMenuItems.h"
+#include "model/ContextMenuItems.h"
 
 namespace lumivex {
 

@@ -3,8 +3,8 @@
 
 #include "SidebarTestSupport.h"
 #include "core/Settings.h"
-#include "sidebar/CameraSearch.h"
-#include "sidebar/FolderTree.h"
+#include "model/CameraSearch.h"
+#include "model/FolderTree.h"
 
 namespace lumivex {
 namespace {

@@ -19,11 +19,14 @@ struct ItemRecord {
     int rot = 0;       // quarter turns added by the user, 0 to 3
     int rotate = 0;    // quarter turns applied from the orientation tag
     int aspect = 0;
-    bool compact = false;  // the label was drawn cut short; never set back
+    int labelWidth = 0;    // the label's drawn width in pixels, measured once on arrival
+    bool compact = false;  // the label is too wide for the cell; set where it is placed
     int x = 0;             // left edge in content coordinates
     int y = 0;             // top edge in content coordinates
 
     static ItemRecord FromScan(ScanItem&& item);
+    // The label under the picture: the name without its extension unless `fullNames`.
+    std::string Label(bool fullNames) const;
 };
 
 }  // namespace lumivex

@@ -1,9 +1,9 @@
 #pragma once
 // The flow layout of the thumbnail grid: items keep their own sizes and flow left to right
-// into rows like words into lines. Qt-free arithmetic; the window owns one.
+// into rows like words into lines. Qt-free arithmetic; the scan controller owns one.
 #include <vector>
 
-#include "browser/ItemRecord.h"
+#include "model/ItemRecord.h"
 
 namespace lumivex {
 
@@ -36,6 +36,12 @@ class GridLayout {
         return windowWidth - scrollBarWidth + 1 - kMinSide;
     }
     static constexpr int kMinSide = 100;
+    // The label's margin on each side of its cell; a label that does not fit between them is
+    // drawn cut short.
+    static constexpr int kLabelInset = 4;
+    static bool LabelCut(const ItemRecord& item) {
+        return item.labelWidth >= item.w - 2 * kLabelInset;
+    }
 
     int pDifX = 5;    // gap between items and the left margin after a wrap
     int pDifY = 20;   // gap between rows; the labels lie in it

@@ -1,0 +1,110 @@
+#include "model/ScanController.h"
+
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace lumivex {
+namespace {
+
+bool IsFolder(const std::string& path) {
+    std::error_code ec;
+    return std::filesystem::is_directory(path, ec);
+}
+
+}  // namespace
+
+void ScanController::SetLabels(TextWidth width, bool fullNames) {
+    textWidth_ = std::move(width);
+    fullNames_ = fullNames;
+    for (ItemRecord& item : items_) {
+        Measure(item);
+        item.compact = GridLayout::LabelCut(item);
+    }
+}
+
+bool ScanController::Begin(const std::string& path, int width, bool running) {
+    if (running || path.empty() || !IsFolder(path)) return false;
+    folderScan_ = true;
+    width_ = width;
+    dropRest_ = false;
+    Empty();
+    return true;
+}
+
+ScanController::RowStep ScanController::Choose(int row, const std::string& path, bool running,
+                                               bool autoSelecting) {
+    if (row < 0) {
+        pending_.clear();
+        return RowStep::Clear;
+    }
+    if (running && folderScan_ && (autoSelecting || !pending_.empty())) {
+        pending_ = path;
+        return RowStep::Clear;
+    }
+    return RowStep::Start;
+}
+
+bool ScanController::Clear(bool running) {
+    if (running) dropRest_ = true;
+    Empty();
+    return running;
+}
+
+bool ScanController::Take(std::vector<ScanItem> ready, int visibleBottom) {
+    if (dropRest_) return false;
+    bool visible = false;
+    items_.reserve(items_.size() + ready.size());
+    for (ScanItem& scanned : ready) {
+        ItemRecord item = ItemRecord::FromScan(std::move(scanned));
+        Measure(item);
+        Place(item);
+        visible = visible || item.y < visibleBottom;
+        items_.push_back(std::move(item));
+    }
+    return visible;
+}
+
+std::string ScanController::TakePending() {
+    return std::exchange(pending_, {});
+}
+
+bool ScanController::Settle(int width) {
+    if (!folderScan_) return false;
+    if (width != width_) {
+        width_ = width;
+        Flow();
+    }
+    return true;
+}
+
+bool ScanController::Reflow(int width, bool running) {
+    if (running) return false;
+    width_ = width;
+    Flow();
+    return true;
+}
+
+void ScanController::Empty() {
+    layout_.InitCanvas();
+    layout_.pYmax = 0;
+    items_.clear();
+}
+
+void ScanController::Place(ItemRecord& item) {
+    layout_.SetItemPos(item, width_);
+    item.compact = GridLayout::LabelCut(item);
+}
+
+void ScanController::Measure(ItemRecord& item) const {
+    item.labelWidth = textWidth_ ? textWidth_(item.Label(fullNames_)) : 0;
+}
+
+void ScanController::Flow() {
+    layout_.InitCanvas();
+    layout_.pYmax = 0;
+    for (ItemRecord& item : items_)
+        Place(item);
+}
+
+}  // namespace lumivex

@@ -1,0 +1,165 @@
+// The sidebar's tree: the top-level layout, what is hidden at every depth, links, the
+// subfolder and picture marks, and children that load once.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "SidebarTestSupport.h"
+#include "core/Settings.h"
+#include "model/FolderTree.h"
+
+namespace lumivex {
+namespace {
+
+namespace fs = std::filesystem;
+using Names = std::vector<std::string>;
+
+Names NamesOf(const RowRecord::Rows& rows, std::size_t from = 0) {
+    Names names;
+    for (std::size_t i = from; i < rows.size(); ++i)
+        names.push_back(rows[i]->name);
+    return names;
+}
+
+class FolderTreeTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        prefs_.InitAll();
+        desk_.Dirs({"b/x", "b/tmp/deep", "b/var", "b/.dot", "b/y.app", "b/Trash", "A", "a2",
+                    ".hidden", "Tools.app", "Mail.APP", "Trash", "tmp", "var", "etc", "Network",
+                    "automount", "Desktop Folder", "trash"});
+        desk_.Text("file.txt");
+        desk_.Text("notes.jpg/inside.txt");  // a folder whose name looks like a picture
+        elsewhere_.Dirs({"Target/sub"});
+        desk_.Link(elsewhere_.Path("Target"), "link");
+        desk_.Link(elsewhere_.Path("missing"), "dangling");
+        desk_.Link(desk_.Path("file.txt"), "filelink");
+    }
+    FolderTree Tree(bool markExif = true, bool noThumb = false) const {
+        FolderTreeOptions o = FolderTreeOptions::FromSettings(prefs_);
+        o.desktop = desk_.Path();
+        o.markExif = markExif;
+        o.noThumb = noThumb;
+        return FolderTree(o);
+    }
+    const Names shown_{"A", "a2", "b", "Target", "notes.jpg", "trash"};
+    Settings prefs_;
+    test::ScratchTree desk_, elsewhere_;
+};
+
+TEST_F(FolderTreeTest, TopLevelIsGroupThenVolumesThenShownDesktopFolders) {
+    FolderTree tree = Tree();
+    tree.MakeTable({elsewhere_.Str(), "/"});
+    const RowRecord::Rows& rows = tree.DataArray();
+    ASSERT_EQ(rows.size(), 3 + shown_.size());
+    const RowRecord& group = *rows[0];
+    EXPECT_EQ(std::tie(group.kind, group.vofo, group.name, group.path),
+              std::make_tuple("group", "デスクトップ", "デスクトップ", ""));
+    EXPECT_FALSE(group.IsExpandable());
+    EXPECT_EQ(std::tie(rows[1]->vofo, rows[1]->path), std::make_tuple("volume", elsewhere_.Str()));
+    EXPECT_EQ(rows[1]->name, elsewhere_.Path().filename().string());
+    // Byte order of the entries' own names: the link sorts as "link", shows as its target.
+    EXPECT_EQ(NamesOf(rows, 3), shown_);
+    for (std::size_t i = 3; i < rows.size(); ++i) {
+        EXPECT_EQ(rows[i]->vofo, "folder");
+        EXPECT_FALSE(rows[i]->children.has_value());
+    }
+    const RowRecord& link = *rows[6];
+    EXPECT_EQ(std::tie(link.alias, link.isLeaf), std::make_tuple("true", "false"));
+    EXPECT_EQ(link.path, fs::canonical(elsewhere_.Path("Target")).string());
+    EXPECT_EQ(std::tie(rows[5]->alias, rows[5]->path), std::make_tuple("false", desk_.Str("b")));
+
+    // Without a Desktop there are no folder rows.
+    FolderTree bare{FolderTreeOptions{}};
+    bare.MakeTable({"/"});
+    EXPECT_EQ(NamesOf(bare.DataArray(), 1), Names{"/"});
+}
+
+TEST_F(FolderTreeTest, ChildrenLoadOnceAndHideTheSameNamesAtEveryDepth) {
+    for (const char* name :
+         {"Desktop Folder", "Trash", "automount", "Network", "var", "etc", "tmp"})
+        EXPECT_FALSE(FolderTree::MakeListDisp(name)) << name;
+    for (const char* name : {"trash", "TMP", "tmp2", "Desktop", "", "DCIM"})
+        EXPECT_TRUE(FolderTree::MakeListDisp(name)) << name;
+
+    FolderTree tree = Tree();
+    tree.MakeTable({});
+    RowRecord& b = *tree.DataArray()[3];
+    RowRecord::Rows& first = tree.GetChild(b);
+    EXPECT_EQ(NamesOf(first), Names{"x"});
+    EXPECT_EQ(first[0]->parent, &b);
+    desk_.Dirs({"b/new"});
+    EXPECT_EQ(&tree.GetChild(b), &first);  // never refreshed
+    EXPECT_EQ(NamesOf(tree.GetChild(b)), Names{"x"});
+    tree.MakeTable({});
+    EXPECT_EQ(NamesOf(tree.GetChild(*tree.DataArray()[3])), (Names{"new", "x"}));
+}
+
+TEST_F(FolderTreeTest, LinkLoopsNeitherHangNorShow) {
+    desk_.Link(desk_.Path("selfloop"), "selfloop");
+    desk_.Link(desk_.Path(), "b/x/up");  // a way back to the Desktop, three levels down
+    FolderTree tree = Tree();
+    tree.MakeTable({});
+    EXPECT_EQ(NamesOf(tree.DataArray(), 1), shown_);
+    RowRecord& x = *tree.GetChild(*tree.DataArray()[3])[0];
+    ASSERT_EQ(tree.GetChild(x).size(), 1u);
+    RowRecord& up = *tree.GetChild(x)[0];
+    EXPECT_EQ(up.path, fs::canonical(desk_.Path()).string());
+    EXPECT_EQ(NamesOf(tree.GetChild(up)), shown_);
+}
+
+TEST_F(FolderTreeTest, SubfolderMarkCountsHiddenNamesButNotPackagesOrDots) {
+    desk_.Dirs({"onlytmp/tmp", "pkg/Z.app", "pkg/.git", "empty", "linked"});
+    desk_.Link(elsewhere_.Path("Target"), "linked/to");
+    const struct {
+        const char* folder;
+        bool has;
+    } cases[] = {{"onlytmp", true}, {"pkg", false}, {"empty", false},
+                 {"linked", true},  {"b/x", false}, {"missing", false}};
+    for (const auto& c : cases)
+        EXPECT_EQ(FolderTree::HasSubFolder(desk_.Str(c.folder)), c.has) << c.folder;
+
+    // A folder whose only subfolder is hidden offers to open, and opens empty.
+    FolderTree tree = Tree();
+    tree.MakeTable({});
+    const Names names = NamesOf(tree.DataArray());
+    const auto at = std::find(names.begin(), names.end(), "onlytmp") - names.begin();
+    RowRecord& onlytmp = *tree.DataArray()[static_cast<std::size_t>(at)];
+    EXPECT_TRUE(onlytmp.IsExpandable());
+    EXPECT_TRUE(tree.GetChild(onlytmp).empty());
+}
+
+TEST_F(FolderTreeTest, ExifMarkReadsOnlyDirectPictures) {
+    test::ScratchTree pics;
+    pics.Picture("withthumb/IMG_0001.JPG");
+    pics.Text("withthumb/zz.txt");
+    pics.Picture("nothumb/IMG_0002.jpg", false);
+    pics.Picture("nested/100CANON/IMG_0003.JPG");
+    pics.Picture("wrongext/IMG_0004.txt");
+    pics.Text("broken/IMG_0005.JPG", "\xFF\xD8\xFF\xE1\xFF\xFF garbage");
+    pics.Dirs({"dironly/fake.jpg"});
+    const struct {
+        const char* folder;
+        bool markExif, noThumb;
+        const char* exif;
+    } cases[] = {
+        {"withthumb", true, false, "true"}, {"withthumb", false, false, "false"},
+        {"nothumb", true, false, "false"},  {"nothumb", true, true, "true"},
+        {"nested", true, false, "false"},   {"nested/100CANON", true, false, "true"},
+        {"wrongext", true, false, "false"}, {"broken", true, true, "false"},
+        {"dironly", true, false, "false"},  {"gone", true, false, "false"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(Tree(c.markExif, c.noThumb).HasExifFile(pics.Str(c.folder)), c.exif)
+            << c.folder << " " << c.markExif << c.noThumb;
+    // The switch off marks no row, even of a folder full of pictures.
+    desk_.Picture("b/IMG_0001.JPG");
+    for (bool mark : {true, false}) {
+        FolderTree tree = Tree(mark);
+        tree.MakeTable({});
+        EXPECT_EQ(tree.DataArray()[3]->exif, mark ? "true" : "false");
+    }
+}
+
+}  // namespace
+}  // namespace lumivex
