@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
-#include "browser/ExportFormatChoice.h"
-#include "browser/ItemRecord.h"
+#include "model/ExportFormatChoice.h"
+#include "model/ItemRecord.h"
 #include "scan/ExportTargets.h"
 
 class QImage;

@@ -16,12 +16,12 @@
 #include "../app/ScriptedPrompter.h"
 #include "ExifJpegBuilder.h"
 #include "ScratchDir.h"
-#include "browser/ItemRotation.h"
 #include "browser/ScanProgressStrip.h"
 #include "browser/ScanWorker.h"
 #include "core/JpegCodec.h"
 #include "core/Settings.h"
 #include "exif/ExifReader.h"
+#include "model/ItemRotation.h"
 
 namespace lumivex {
 namespace {

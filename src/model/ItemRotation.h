@@ -4,7 +4,7 @@
 // turn. The caller lays the grid out again and repaints. Qt-free.
 #include <vector>
 
-#include "browser/ItemRecord.h"
+#include "model/ItemRecord.h"
 
 namespace lumivex {
 

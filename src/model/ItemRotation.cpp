@@ -1,4 +1,4 @@
-#include "browser/ItemRotation.h"
+#include "model/ItemRotation.h"
 
 #include <utility>
 

@@ -1,4 +1,4 @@
-#include "browser/ExportFormatChoice.h"
+#include "model/ExportFormatChoice.h"
 
 #include <algorithm>
 #include <filesystem>
