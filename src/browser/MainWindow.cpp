@@ -95,23 +95,26 @@ void MainWindow::InitSplitView() {
 // The frame the user left is restored as it was; sizes below the minimum give the minimum.
 void MainWindow::InitWinPos() {
     const auto& p = prefs_.gPref;
-    int left = p[41] > 0 ? static_cast<int>(p[41]) : x();
-    int top = p[42] > 0 ? static_cast<int>(p[42]) : y();
+    int left = p[pref::kFrameLeft] > 0 ? static_cast<int>(p[pref::kFrameLeft]) : x();
+    int top = p[pref::kFrameTop] > 0 ? static_cast<int>(p[pref::kFrameTop]) : y();
     move(left, top);
-    const int w = p[43] > 0 ? static_cast<int>(std::max<std::int64_t>(p[43], kMinWidth)) : width();
-    const int h =
-        p[44] > 0 ? static_cast<int>(std::max<std::int64_t>(p[44], kMinHeight)) : height();
+    const int w = p[pref::kFrameWidth] > 0
+                      ? static_cast<int>(std::max<std::int64_t>(p[pref::kFrameWidth], kMinWidth))
+                      : width();
+    const int h = p[pref::kFrameHeight] > 0
+                      ? static_cast<int>(std::max<std::int64_t>(p[pref::kFrameHeight], kMinHeight))
+                      : height();
     resize(w, h);
 }
 
 void MainWindow::InitVal() {
-    ResizeSeparatePos(static_cast<int>(prefs_.gPref[45]));
-    pBkClr = static_cast<int>(prefs_.gPref[4]);
-    pSeClr = static_cast<int>(prefs_.gPref[5]);
-    pGxClr = static_cast<int>(prefs_.gPref[6]);
-    pLsClr = static_cast<int>(prefs_.gPref[8]);
+    ResizeSeparatePos(static_cast<int>(prefs_.gPref[pref::kDividerLeft]));
+    pBkClr = static_cast<int>(prefs_.gPref[pref::kThumbBackColor]);
+    pSeClr = static_cast<int>(prefs_.gPref[pref::kSelectionColor]);
+    pGxClr = static_cast<int>(prefs_.gPref[pref::kFolderNameColor]);
+    pLsClr = static_cast<int>(prefs_.gPref[pref::kListBackColor]);
     Canvas1->SetColors(pBkClr, pSeClr);
-    Canvas1->SetFullNames(prefs_.gPref[33] != 0);
+    Canvas1->SetFullNames(prefs_.gPref[pref::kShowExtension] != 0);
     pOutline->SetFolderColor(pGxClr);
     layout_.InitCanvas();
     SetBtnStat(0);
@@ -319,7 +322,8 @@ void MainWindow::SelectAll() {
 void MainWindow::SetBtnStat(int state) {
     // Whether the selected picture carries a position comes with the Google Earth hand-off;
     // until then its command stays off.
-    commands_.SetBtnStat(state, prefs_.gPref[50] == 1, [](int) { return false; });
+    commands_.SetBtnStat(state, prefs_.gPref[pref::kGoogleEarthAllowed] == 1,
+                         [](int) { return false; });
 }
 
 void MainWindow::SetBtnStatAll(bool enable) {
@@ -387,11 +391,11 @@ void MainWindow::Event_CancelClose() {
     if (closed_) return;
     closed_ = true;
     auto& p = prefs_.gPref;
-    p[41] = x();
-    p[42] = y();
-    p[43] = width();
-    p[44] = height();
-    p[45] = CanvasLeft();
+    p[pref::kFrameLeft] = x();
+    p[pref::kFrameTop] = y();
+    p[pref::kFrameWidth] = width();
+    p[pref::kFrameHeight] = height();
+    p[pref::kDividerLeft] = CanvasLeft();
     Timer1.stop();
     Timer2.stop();
     if (worker_.Running()) {
@@ -406,7 +410,7 @@ void MainWindow::UnmountCam() {
     const std::string volume = pOutline != nullptr ? pOutline->gFI : std::string();
     // Still there means still mounted: an emptied mount point may stay behind as a folder.
     // The start-up disk is never ejected.
-    if (prefs_.gPref[31] == 0 || volume.empty() || volume == "/") return;
+    if (prefs_.gPref[pref::kEjectAtQuit] == 0 || volume.empty() || volume == "/") return;
     if (MountTable::Read().Find(volume) == nullptr) return;
     pOutline->RemoveObserver();  // our own eject is not news to the sidebar
     std::filesystem::path script = ejectScript_;

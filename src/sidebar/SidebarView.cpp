@@ -55,7 +55,7 @@ SidebarView::~SidebarView() = default;
 
 void SidebarView::MakeTable() {
     FolderTreeOptions options = FolderTreeOptions::FromSettings(prefs_);
-    SetFolderColor(static_cast<int>(prefs_.gPref[6]));
+    SetFolderColor(static_cast<int>(prefs_.gPref[pref::kFolderNameColor]));
     model_->Rebuild([&] {
         tree_->SetOptions(std::move(options));
         tree_->MakeTable();

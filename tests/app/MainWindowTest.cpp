@@ -214,11 +214,11 @@ TEST_F(MainWindowTest, CloseSavesTheFrameInTheCurrentLayout) {
     Settings saved;
     saved.InitAll();
     ASSERT_EQ(PrefFile::LoadPref(saved, root_ / "settings"), LoadResult::Loaded);
-    EXPECT_EQ(saved.gPref[41], frame.x());
-    EXPECT_EQ(saved.gPref[42], frame.y());
-    EXPECT_EQ(saved.gPref[43], 900);
-    EXPECT_EQ(saved.gPref[44], 600);
-    EXPECT_EQ(saved.gPref[45], canvasLeft);
+    EXPECT_EQ(saved.gPref[pref::kFrameLeft], frame.x());
+    EXPECT_EQ(saved.gPref[pref::kFrameTop], frame.y());
+    EXPECT_EQ(saved.gPref[pref::kFrameWidth], 900);
+    EXPECT_EQ(saved.gPref[pref::kFrameHeight], 600);
+    EXPECT_EQ(saved.gPref[pref::kDividerLeft], canvasLeft);
 }
 
 TEST_F(MainWindowTest, SavedFrameComesBackAndAMissingFileIsSaid) {
@@ -229,9 +229,9 @@ TEST_F(MainWindowTest, SavedFrameComesBackAndAMissingFileIsSaid) {
 
     Settings s;
     s.InitAll();
-    s.gPref[43] = 600;  // below the minimum width
-    s.gPref[44] = 700;
-    s.gPref[45] = 260;
+    s.gPref[pref::kFrameWidth] = 600;  // below the minimum width
+    s.gPref[pref::kFrameHeight] = 700;
+    s.gPref[pref::kDividerLeft] = 260;
     ASSERT_TRUE(PrefFile::SavePref(s, root_ / "settings"));
     app_ = std::make_unique<App>(prompter_, root_ / "settings");
     MainWindow* w = Start();

@@ -154,9 +154,9 @@ TEST_F(SidebarScanTest, TheQuitEjectsOnlyAStillMountedCardAndSaysWhatWentWrong) 
 
     // Off in the settings, no card found, or the card gone: nothing runs.
     o->gFI = "/proc";  // a mount point every Linux system has, standing in for the card
-    prefs.gPref[31] = 0;
+    prefs.gPref[pref::kEjectAtQuit] = 0;
     w_->UnmountCam();
-    prefs.gPref[31] = 1;
+    prefs.gPref[pref::kEjectAtQuit] = 1;
     for (const std::string& gone : {std::string(), std::string("/"), (root_ / "gone").string()}) {
         o->gFI = gone;
         w_->UnmountCam();

@@ -1,19 +1,14 @@
 #include "core/PrefFile.h"
 
 #include <gtest/gtest.h>
-#include <pwd.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <limits>
-#include <numeric>
-#include <tuple>
 
 #include "ScratchDir.h"
 
@@ -67,8 +62,12 @@ std::vector<std::string> Strs(std::size_t n, const std::string& prefix) {
 }
 
 TEST(PrefFile, LoadsEveryLayout) {
+    using namespace pref;
     // Slots that the old layouts lack or that their migration touches.
-    constexpr std::size_t kSlots[] = {5, 6, 8, 42, 45, 50, 51, 52, 53, 54};
+    constexpr std::size_t kSlots[] = {kSelectionColor,   kFolderNameColor, kListBackColor,
+                                      kFrameTop,         kDividerLeft,     kGoogleEarthAllowed,
+                                      kGoogleEarthRange, kGoogleEarthTilt, kGoogleEarthHeading,
+                                      kGoogleEarthSpeed};
     const struct {
         const char* header;
         bool longForm;  // strings 17 to 19 with a 32-bit length
@@ -78,18 +77,18 @@ TEST(PrefFile, LoadsEveryLayout) {
         // clang-format off
         {"pref",  true,  20,  {kHighlight, 0xFF, 0xD7DDE5, 100, 200, 1, 2000, 0, 0, 2}},
         {"pref2", true,  20,  {111, 222, 0xD7DDE5, 100, 200, 1, 2000, 0, 0, 2}},
-        {"pref3", true,  150, {111, 222, 0xD7DDE5, 150, 200, 7, 7, 7, 7, 7}},
-        {"PREF3", true,  20,  {111, 222, 0xD7DDE5, 100, 200, 7, 7, 7, 7, 7}},
-        {"zzz",   true,  20,  {111, 222, 333, 20, 50, 7, 7, 7, 7, 7}},
-        {"pref4", false, 20,  {111, 222, 333, 20, 50, 7, 7, 7, 7, 7}},
+        {"pref3", true,  150, {111, 222, 0xD7DDE5, 150, 200, 0, 7, 7, 7, 7}},
+        {"PREF3", true,  20,  {111, 222, 0xD7DDE5, 100, 200, 0, 7, 7, 7, 7}},
+        {"zzz",   true,  20,  {111, 222, 333, 20, 50, 0, 7, 7, 7, 7}},
+        {"pref4", false, 20,  {111, 222, 333, 20, 50, 0, 7, 7, 7, 7}},
         // clang-format on
     };
     for (const auto& c : cases) {
-        std::vector<std::int64_t> ints(101);
-        std::iota(ints.begin(), ints.end(), 1000);
+        std::vector<std::int64_t> ints(101, 1);
         std::vector<std::string> strs = Strs(51, "s");
-        ints[0] = 100;
-        const std::int64_t stored[] = {111, 222, 333, c.storedTop, 50, 7, 7, 7, 7, 7};
+        ints[kLastIndex] = 100;
+        ints[9] = 1009;  // a slot no layout touches
+        const std::int64_t stored[] = {111, 222, 333, c.storedTop, 50, 0, 7, 7, 7, 7};
         for (std::size_t k = 0; k < 10; ++k)
             ints[kSlots[k]] = stored[k];
         if (c.longForm) strs[18] = std::string(300, 'x');
@@ -99,7 +98,7 @@ TEST(PrefFile, LoadsEveryLayout) {
         ASSERT_EQ(PrefFile::LoadPref(s, dir.path(), kHighlight), LoadResult::Loaded);
         for (std::size_t k = 0; k < 10; ++k)
             EXPECT_EQ(s.gPref[kSlots[k]], c.expected[k]) << c.header << " slot " << kSlots[k];
-        EXPECT_EQ(s.gPref[7], 1007) << c.header;
+        EXPECT_EQ(s.gPref[9], 1009) << c.header;
         EXPECT_EQ(std::vector(s.gPrefS.begin(), s.gPrefS.end()), strs) << c.header;
     }
 }
@@ -116,10 +115,10 @@ TEST(PrefFile, RoundTripKeepsEveryValue) {
         {mixed + "\xFF", 255}};
     // clang-format on
     Settings a = Defaults();
-    for (std::size_t i = 1; i < a.gPref.size(); ++i)
-        a.gPref[i] = std::int64_t(i) * 7919 - 300000;
-    a.gPref[1] = std::numeric_limits<std::int64_t>::min();
-    a.gPref[2] = std::numeric_limits<std::int64_t>::max();
+    for (std::size_t i = 1; i < a.gPref.size(); ++i) {  // both ends of every allowed range
+        const PrefTable::Int& row = PrefTable::IntRow(i);
+        a.gPref[i] = i % 2 != 0 ? row.min : row.max;
+    }
     for (std::size_t i = 1; i < a.gPrefS.size(); ++i)
         a.gPrefS[i] = "value " + std::to_string(i);
     a.gPrefS[2] = "";
@@ -142,9 +141,44 @@ TEST(PrefFile, RoundTripKeepsEveryValue) {
     EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1);
 }
 
+// A value outside what the program could have written comes back as the default, so that no
+// window or dialog meets it; the ends of each range stay as they are.
+TEST(PrefFile, OutOfRangeValuesGetTheirDefaults) {
+    using namespace pref;
+    const struct {
+        std::size_t slot;
+        const char* stored;
+        std::int64_t loaded;
+    } cases[] = {
+        // clang-format off
+        {kFrameLeft, "2147483000", 0}, {kFrameTop, "2147483647", 0}, {kFrameLeft, "-100001", 0},
+        {kFrameLeft, "-100000", -100000}, {kFrameTop, "100000", 100000},
+        {kFrameWidth, "-1", 0}, {kFrameHeight, "100001", 0}, {kFrameWidth, "100000", 100000},
+        {kDividerLeft, "9e18", 200}, {kDividerLeft, "0", 0},
+        {kThumbBackColor, "16777216", 0xFFFFC0}, {kListBackColor, "16777215", 0xFFFFFF},
+        {kSelectionColor, "-1", kHighlight}, {kBeepOnCaution, "2", 1}, {kEjectAtQuit, "-1", 0},
+        {GroupSwitch(9), "7", 1}, {kGroupCount, "10", 6}, {kGroupCount, "9", 9},
+        {kPrefsPage, "6", 0}, {kPrefsPage, "5", 5}, {kVolumeMode, "3", 0}, {kVolumeMode, "2", 2},
+        {kGoogleEarthSpeed, "61", 2}, {kGoogleEarthTilt, "-361", 0}, {kLastIndex, "101", 100},
+        {9, "-9223372036854775808", std::numeric_limits<std::int64_t>::min()},
+        // clang-format on
+    };
+    const Settings defaults = Defaults();
+    for (const auto& c : cases) {
+        ScratchDir dir;
+        std::string bytes = Pascal("pref4") + U32(101);
+        for (std::size_t i = 0; i < defaults.gPref.size(); ++i)
+            bytes += Pascal(i == c.slot ? c.stored : std::to_string(defaults.gPref[i]));
+        WriteFile(dir.path() / "pref", bytes + U32(0));
+        Settings s = Defaults();
+        s.gPref[c.slot] = 12345;  // the file, not what was there, decides
+        ASSERT_EQ(PrefFile::LoadPref(s, dir.path(), kHighlight), LoadResult::Loaded);
+        EXPECT_EQ(s.gPref[c.slot], c.loaded) << c.slot << " " << c.stored;
+    }
+}
+
 TEST(PrefFile, DamagedFilesKeepDefaultsBeyondTheDamage) {
-    std::vector<std::int64_t> many(300);
-    std::iota(many.begin(), many.end(), 5);
+    const std::vector<std::int64_t> many(300, 1);  // in range for every slot
     const std::vector<std::string> manyStrs = Strs(80, "v");
     const std::string p4 = Pascal("pref4");
     std::string oldCut = Pascal("pref3") + U32(1) + Pascal("100") + U32(51);
@@ -160,8 +194,8 @@ TEST(PrefFile, DamagedFilesKeepDefaultsBeyondTheDamage) {
         {"empty file", "", [](Settings&) {}},
         {"header cut", "\x10pre", [](Settings&) {}},
         {"header only", p4, [](Settings&) {}},
-        {"huge int count", p4 + U32(~0u) + Pascal("100") + Pascal("5") + Pascal("77"),
-         [](Settings& e) { e.gPref[1] = 5, e.gPref[2] = 77; }},
+        {"huge int count", p4 + U32(~0u) + Pascal("100") + Pascal("5") + Pascal("1"),
+         [](Settings& e) { e.gPref[1] = 5, e.gPref[pref::kKeepExpert] = 1; }},
         // The cut-off rest would read as a string count and a string if reading went on.
         {"cut inside an int",
          p4 + U32(101) + Pascal("100") + Pascal("9") + std::string("\x20\0\0\0\x02zz", 7),
@@ -170,7 +204,7 @@ TEST(PrefFile, DamagedFilesKeepDefaultsBeyondTheDamage) {
          [](Settings& e) { e.gPrefS[1] = "X:a"; }},
         {"old long string past the end", oldCut, [](Settings& e) {
              std::fill_n(e.gPrefS.begin(), 17, std::string(1, 'o'));
-             e.gPref[42] = 100; }},  // the old layout's migration still runs
+             e.gPref[pref::kFrameTop] = 100; }},  // the old layout's migration still runs
         {"counts beyond the tables", PrefBytes("pref4", many, manyStrs, false), [&](Settings& e) {
              std::copy_n(many.begin(), e.gPref.size(), e.gPref.begin());
              std::copy_n(manyStrs.begin(), e.gPrefS.size(), e.gPrefS.begin()); }},
@@ -242,26 +276,6 @@ TEST(PrefFile, ValReadsTheLeadingNumber) {
     // clang-format on
     for (const auto& [text, value] : cases)
         EXPECT_EQ(PrefFile::Val(text), value) << text;
-}
-
-TEST(PrefFile, DefaultFolderFollowsTheEnvironment) {
-    const auto env = [](const char* name) {
-        return std::string(std::getenv(name) ? std::getenv(name) : "");
-    };
-    const std::string xdgBack = env("XDG_CONFIG_HOME"), homeBack = env("HOME");
-    const passwd* pw = getpwuid(getuid());
-    // clang-format off
-    const std::tuple<const char*, const char*, fs::path> cases[] = {
-        {"/x/cfg", "/h", "/x/cfg"}, {"", "/h", "/h/.config"}, {"rel/cfg", "/h", "/h/.config"},
-        {nullptr, "/h", "/h/.config"}, {nullptr, nullptr, fs::path(pw ? pw->pw_dir : "") / ".config"}};
-    // clang-format on
-    for (const auto& [xdg, home, base] : cases) {
-        xdg ? setenv("XDG_CONFIG_HOME", xdg, 1) : unsetenv("XDG_CONFIG_HOME");
-        home ? setenv("HOME", home, 1) : unsetenv("HOME");
-        EXPECT_EQ(PrefFile::DefaultFolder(), base / "Lumivex初期設定") << (xdg ? xdg : "-");
-    }
-    xdgBack.empty() ? unsetenv("XDG_CONFIG_HOME") : setenv("XDG_CONFIG_HOME", xdgBack.c_str(), 1);
-    homeBack.empty() ? unsetenv("HOME") : setenv("HOME", homeBack.c_str(), 1);
 }
 
 }  // namespace

@@ -24,7 +24,7 @@ class SidebarViewTest : public ::testing::Test {
         home_.Picture("Desktop/Beta/IMG_0001.JPG");
         scoped_ = std::make_unique<test::ScopedHome>(home_);
         prefs_.InitAll();
-        prefs_.gPref[6] = 0x00AA33;
+        prefs_.gPref[pref::kFolderNameColor] = 0x00AA33;
     }
     // The display row whose path is `rel` under the Desktop; -1 when it is not shown.
     static int RowOf(const SidebarView& view, const std::string& path) {
