@@ -1,13 +1,15 @@
-// Ejecting a disk: the script's place, its argument vector, the runner's exit codes, and the
-// real script against stand-ins for the tools it calls.
+// Ejecting a disk: the script's place, the runner's exit codes and timeout, and the real script
+// against stand-ins for the tools it calls.
 #include <gtest/gtest.h>
-#include <sys/stat.h>
+#include <signal.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "ScratchDir.h"
@@ -19,26 +21,41 @@ namespace {
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
-TEST(DiskEjectorTest, ScriptPathAndCommand) {
-    EXPECT_EQ(DiskEjector::ScriptPath("/work/build/default/src"),
-              fs::path("/work/build/default/share/lumivex-plus/EjectDisk.sh"));
-    EXPECT_EQ(DiskEjector::ScriptPath("/opt/lvx/bin/"),
-              fs::path("/opt/lvx/share/lumivex-plus/EjectDisk.sh"));
-
-    const std::string label = "/media/ann/My \"EOS\" Card";
-    EXPECT_EQ(DiskEjector::Command("/s/EjectDisk.sh", label),
-              (std::vector<std::string>{"/bin/sh", "/s/EjectDisk.sh", label}));
+std::string ReadText(const fs::path& file) {
+    std::stringstream text;
+    text << std::ifstream(file).rdbuf();
+    return text.str();
 }
 
-TEST(DiskEjectorTest, RunReturnsExitCodesSignalsAndTimeouts) {
+// Gone or a zombie that only waits for its new parent to reap it.
+bool Ended(pid_t pid) {
+    const std::string stat = ReadText("/proc/" + std::to_string(pid) + "/stat");
+    const std::size_t paren = stat.rfind(')');
+    return paren == std::string::npos || stat.compare(paren + 2, 1, "Z") == 0;
+}
+
+TEST(DiskEjectorTest, ScriptPathAndExitCodes) {
+    EXPECT_EQ(DiskEjector::ScriptPath("/opt/lvx/bin/"),
+              fs::path("/opt/lvx/share/lumivex-plus/EjectDisk.sh"));
     EXPECT_EQ(DiskEjector::Run({"/bin/sh", "-c", "exit 3"}, 10s), 3);
-    EXPECT_EQ(DiskEjector::Run({"/bin/sh", "-c", "exit 0"}, 10s), 0);
     EXPECT_EQ(DiskEjector::Run({"/bin/sh", "-c", "kill -TERM $$"}, 10s), 128 + 15);
     // stdin is /dev/null, so a child that reads it gets end of file instead of blocking.
     EXPECT_EQ(DiskEjector::Run({"/bin/sh", "-c", "read x; exit $?"}, 10s), 1);
     EXPECT_EQ(DiskEjector::Run({"/nonexistent/program"}, 10s), 127);
     EXPECT_EQ(DiskEjector::Run({}, 10s), 127);
-    EXPECT_EQ(DiskEjector::Run({"sleep", "30"}, 100ms), 124);
+}
+
+// A hung script is killed with everything it started, not just the shell.
+TEST(DiskEjectorTest, TimeoutEndsTheWholeProcessGroup) {
+    fixtures::ScratchDir dir("lvx-eject");
+    const fs::path pidFile = dir.path() / "pid";
+    const std::string script = "sleep 30 & echo $! > '" + pidFile.string() + "'; wait";
+    EXPECT_EQ(DiskEjector::Run({"/bin/sh", "-c", script}, 300ms), 124);
+    const pid_t grandchild = std::stoi(ReadText(pidFile));
+    for (int i = 0; i < 500 && !Ended(grandchild); ++i)
+        std::this_thread::sleep_for(10ms);
+    EXPECT_TRUE(Ended(grandchild));
+    if (!Ended(grandchild)) ::kill(grandchild, SIGKILL);
 }
 
 // Runs the real script with PATH holding only stand-ins for gio, udisksctl, findmnt and umount
@@ -90,9 +107,7 @@ TEST(DiskEjectorTest, ScriptTriesGioThenUdisksThenUmount) {
                                       script.string()};
         argv.insert(argv.end(), c.args.begin(), c.args.end());
         EXPECT_EQ(DiskEjector::Run(argv, 10s), c.code);
-        std::stringstream text;
-        text << std::ifstream(log).rdbuf();
-        EXPECT_EQ(text.str(), c.log);
+        EXPECT_EQ(ReadText(log), c.log);
     }
 }
 
