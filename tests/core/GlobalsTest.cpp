@@ -14,8 +14,7 @@ TEST(Globals, NameHelpers) {
         bool dotted;
     } cases[] = {// clang-format off
         {"a.b.JPG", "a.b|JPG", "JPG", false}, {".hidden", "|hidden", "hidden", true},
-        {"noextension", "noextension|keep", "", false}, {"foo.", "foo|", "", false},
-        {"", "|keep", "", false}};
+        {"noextension", "noextension|keep", "", false}, {"foo.", "foo|", "", false}};
     // clang-format on
     for (const auto& c : cases) {
         std::string body = "old", extn = "keep";
@@ -29,56 +28,49 @@ TEST(Globals, NameHelpers) {
 TEST(Globals, ExtensionTest) {
     const struct {
         const char* name;
-        std::size_t slot;  // 0: defaults; below 20 a string slot, else a number slot
+        std::size_t slot;  // 0: defaults; a group's text, its switch or the group count
         const char* value;
         bool accepted;
     } cases[] = {
         // clang-format off
-        {"a.b.JPG", 0, "", true}, {"IMG_0001.jpeg", 0, "", true}, {"jpg", 0, "", true},
-        {"TIFF", 0, "", true}, {"foo.", 0, "", false}, {"foo.txt", 0, "", false},
-        {"jpg.", 0, "", false}, {"", 0, "", false}, {"foo.", 2, "JPEG:jpg;;", false},
-        {"a.jpg", 2, "JPEG:jpg;;", true}, {"pict", 1, "PICT", false}, {"a.pic", 1, "PICT", false},
-        {"a.pic", 1, "PICT:pic:xyz", true}, {"a.xyz", 1, "PICT:pic:xyz", false},
-        {"x.psd", 25, "0", false}, {"x.psd", 25, "2", false}, {"x.jpg", 20, "2", true},
-        {"x.gif", 20, "2", false}, {"x.jpg", 20, "-5", false}, {"x.tif", 20, "1000000", true},
+        {"a.b.JPG", 0, "", true}, {"jpg", 0, "", true}, {"TIFF", 0, "", true},
+        {"foo.", 0, "", false}, {"foo.txt", 0, "", false}, {"", 0, "", false},
+        {"foo.", pref::SGroup(2), "JPEG:jpg;;", false}, {"a.pic", pref::SGroup(1), "PICT", false},
+        {"a.pic", pref::SGroup(1), "PICT:pic:xyz", true}, {"a.xyz", pref::SGroup(1), "PICT:pic:xyz", false},
+        {"x.psd", pref::GroupSwitch(5), "2", false}, {"x.jpg", pref::kGroupCount, "2", true},
+        {"x.gif", pref::kGroupCount, "2", false}, {"x.jpg", pref::kGroupCount, "-5", false},
+        {"x.tif", pref::kGroupCount, "1000000", true},
         // clang-format on
     };
     for (const auto& c : cases) {
         Settings s;
         s.InitAll();
-        if (c.slot >= 20) s.gPref[c.slot] = std::stoll(c.value);
-        if (c.slot > 0 && c.slot < 20) s.gPrefS[c.slot] = c.value;
-        EXPECT_EQ(gChkGxExt(s, c.name), c.accepted) << c.name << " " << c.value;
+        if (c.slot >= pref::kGroupCount) s.gPref[c.slot] = std::stoll(c.value);
+        if (c.slot > 0 && c.slot < pref::kGroupCount) s.gPrefS[c.slot] = c.value;
         EXPECT_EQ(gChkGx(s, "JPEG", c.name), c.accepted) << c.name << " " << c.value;
     }
     // The scan workers' filter is a copy, blind to later changes.
     Settings s;
     s.InitAll();
     const ExtensionFilter filter(s);
-    s.gPref[22] = 0;  // JPEG group off after the copy was taken
+    s.gPref[pref::GroupSwitch(2)] = 0;  // JPEG group off after the copy was taken
     EXPECT_TRUE(filter.Accepts("a.JPG"));
-    EXPECT_FALSE(gChkGxExt(s, "a.JPG"));
-    EXPECT_FALSE(ExtensionFilter().Accepts("a.jpg"));
+    EXPECT_FALSE(gChkGx(s, "JPEG", "a.JPG"));
 }
 
-TEST(Globals, BinaryValuesColoursAndCase) {
-    EXPECT_EQ(gBinToInt(""), 0u);
-    EXPECT_EQ(gBinToInt(std::string("\x01\x02", 2)), 0x0102u);
-    EXPECT_EQ(gBinToInt("\xFF\xFF\xFF\xFF"), 0xFFFFFFFFu);
+TEST(Globals, BitsAndCase) {
     EXPECT_EQ(gBinToInt(std::string("\x01\0\0\0\0\0\0\0\x02", 9)), 2u);  // wraps
     const struct {
         std::uint64_t value;
         unsigned start, length;
         std::uint64_t expected;
-    } bits[] = {{0b101100, 2, 3, 0b011},        {0xF0, 4, 4, 0xF},    {0xF0, 0, 4, 0},
-                {~0ull, 0, 64, ~0ull},          {~0ull, 60, 10, 0xF}, {~0ull, 64, 1, 0},
-                {0x8000000000000000, 63, 1, 1}, {0x1234, 3, 0, 0}};
+    } bits[] = {{0b101100, 2, 3, 0b011},
+                {~0ull, 0, 64, ~0ull},
+                {~0ull, 60, 10, 0xF},
+                {~0ull, 64, 1, 0},
+                {0x1234, 3, 0, 0}};
     for (const auto& c : bits)
         EXPECT_EQ(gBitR(c.value, c.start, c.length), c.expected) << c.start << "," << c.length;
-    for (const Color c : {Color{0, 0, 0}, Color{1, 2, 3}, Color{255, 255, 255}})
-        EXPECT_EQ(gClrItoC(gClrCtoI(c)), c);
-    EXPECT_EQ(gClrCtoI(Color{0x12, 0x34, 0x56}), 0x123456);
-    EXPECT_EQ(gClrItoC(0x7F123456), (Color{0x12, 0x34, 0x56}));
     EXPECT_EQ(gClrItoC(-1), (Color{255, 255, 255}));
     EXPECT_TRUE(gHoldsNoCase("<key>cfbundleIDENTIFIER</key>", "CFBundleIdentifier"));
     EXPECT_FALSE(gEqualNoCase("\xC3\xA9", "\xC3\x89"));  // only ASCII letters fold

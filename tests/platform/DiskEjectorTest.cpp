@@ -59,53 +59,51 @@ TEST(DiskEjectorTest, TimeoutEndsTheWholeProcessGroup) {
 }
 
 // Runs the real script with PATH holding only stand-ins for gio, udisksctl, findmnt and umount
-// that log their arguments, each in brackets so that a split argument shows.
+// that log their arguments, each in brackets so that a split argument shows, and exit with the
+// code given ("" leaves the tool out).
 TEST(DiskEjectorTest, ScriptTriesGioThenUdisksThenUmount) {
-    struct Tool {
-        std::string name, code, output = "";
-    };
-    const std::string card = "/media/ann/EOS DIGITAL";
-    const std::string gio = "gio [mount] [-e] [" + card + "]\n";
-    const std::string udisks = "findmnt [-n] [-o] [SOURCE] [--mountpoint] [" + card +
-                               "]\nudisksctl [unmount] [-b] [/dev/sdb1] [--no-user-interaction]\n";
-    const std::string umount = "umount [" + card + "]\n";
-    const Tool findmnt{"findmnt", "0", "/dev/sdb1"};
-    // clang-format off
+    const std::string card = "/media/ann/EOS DIGITAL",
+                      dev = " [-b] [/dev/sdb1] [--no-user-interaction]\n";
+    const std::string gio = "gio [mount] [-e] [" + card + "]\n", umount = "umount [" + card + "]\n";
+    const std::string udisks =
+        "findmnt [-n] [-o] [SOURCE] [--mountpoint] [" + card + "]\nudisksctl [unmount]" + dev;
     const struct {
         const char* name;
-        std::vector<Tool> tools;
-        std::vector<std::string> args;
+        std::string gio, udisks, umount;
         int code;
         std::string log;
     } cases[] = {
-        {"gio first", {{"gio", "0"}, {"udisksctl", "0"}, findmnt, {"umount", "0"}}, {card}, 0, gio},
+        // clang-format off
+        {"gio first", "0", "0", "0", 0, gio},
         // A reader that cannot be powered off: the card is unmounted and safe to pull all the same.
-        {"udisks when gio fails", {{"gio", "1"}, {"udisksctl", "$([ \"$1\" = power-off ] && echo 1 || echo 0)"}, findmnt, {"umount", "0"}},
-         {card}, 0, gio + udisks + "udisksctl [power-off] [-b] [/dev/sdb1] [--no-user-interaction]\n"},
-        {"umount alone", {{"umount", "0"}}, {card}, 0, umount},
+        {"udisks when gio fails", "1", "$([ \"$1\" = power-off ] && echo 1 || echo 0)", "0", 0,
+         gio + udisks + "udisksctl [power-off]" + dev},
+        {"umount alone", "", "", "0", 0, umount},
         // Every tool fails: the code of the last attempt comes back.
-        {"all fail", {{"gio", "5"}, {"udisksctl", "6"}, findmnt, {"umount", "32"}}, {card}, 32, gio + udisks + umount},
-        {"no mount point", {{"gio", "0"}, {"udisksctl", "0"}, findmnt, {"umount", "0"}}, {}, 2, ""},
+        {"all fail", "5", "6", "32", 32, gio + udisks + umount},
+        {"no mount point", "0", "0", "0", 2, ""},
+        // clang-format on
     };
-    // clang-format on
     const fs::path script = fs::path(LUMIVEX_SOURCE_DIR) / "resources" / DiskEjector::kScriptName;
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         fixtures::ScratchDir dir("lvx-eject");
         const fs::path bin = dir.path() / "bin", log = dir.path() / "log";
         ASSERT_TRUE(fs::create_directory(bin));
-        for (const Tool& t : c.tools) {
-            std::ofstream(bin / t.name)
-                << "#!/bin/sh\n{ printf '%s' '" << t.name
-                << "'; for a in \"$@\"; do printf ' [%s]' \"$a\"; done; echo; } >> '"
-                << log.string() << "'\n"
-                << (t.output.empty() ? "" : "echo '" + t.output + "'\n") << "exit " << t.code
-                << "\n";
-            fs::permissions(bin / t.name, fs::perms::owner_all);
+        const std::pair<std::string, std::string> tools[] = {
+            {"gio", c.gio}, {"udisksctl", c.udisks}, {"findmnt", c.udisks}, {"umount", c.umount}};
+        for (const auto& [name, code] : tools) {
+            if (code.empty()) continue;
+            std::ofstream(bin / name)
+                << "#!/bin/sh\n{ printf %s " << name
+                << "; for a in \"$@\"; do printf ' [%s]' \"$a\"; done; echo; } >> '" << log.string()
+                << "'\n"
+                << (name == "findmnt" ? "echo /dev/sdb1; exit 0" : "exit " + code) << "\n";
+            fs::permissions(bin / name, fs::perms::owner_all);
         }
         std::vector<std::string> argv{"/usr/bin/env", "PATH=" + bin.string(), "/bin/sh",
-                                      script.string()};
-        argv.insert(argv.end(), c.args.begin(), c.args.end());
+                                      script.string(), card};
+        if (c.log.empty()) argv.pop_back();
         EXPECT_EQ(DiskEjector::Run(argv, 10s), c.code);
         EXPECT_EQ(ReadText(log), c.log);
     }
