@@ -13,8 +13,8 @@ TEST(Globals, NameHelpers) {
         const char *name, *bodyAndExtn, *extractExtn;  // extn starts as "keep"
         bool dotted;
     } cases[] = {// clang-format off
-        {"a.b.JPG", "a.b|JPG", "JPG", false}, {".hidden", "|hidden", "hidden", true},
-        {"noextension", "noextension|keep", "", false}, {"foo.", "foo|", "", false}};
+        {".hidden", "|hidden", "hidden", true}, {"noextension", "noextension|keep", "", false},
+        {"foo.", "foo|", "", false}};
     // clang-format on
     for (const auto& c : cases) {
         std::string body = "old", extn = "keep";
@@ -40,6 +40,7 @@ TEST(Globals, ExtensionTest) {
         {"x.psd", pref::GroupSwitch(5), "2", false}, {"x.jpg", pref::kGroupCount, "2", true},
         {"x.gif", pref::kGroupCount, "2", false}, {"x.jpg", pref::kGroupCount, "-5", false},
         {"x.tif", pref::kGroupCount, "1000000", true},
+        {"x.\xC3\x89", pref::SGroup(1), "PICT:\xC3\xA9", false},  // only ASCII letters fold
         // clang-format on
     };
     for (const auto& c : cases) {
@@ -56,24 +57,6 @@ TEST(Globals, ExtensionTest) {
     s.gPref[pref::GroupSwitch(2)] = 0;  // JPEG group off after the copy was taken
     EXPECT_TRUE(filter.Accepts("a.JPG"));
     EXPECT_FALSE(gChkGx(s, "JPEG", "a.JPG"));
-}
-
-TEST(Globals, BitsAndCase) {
-    EXPECT_EQ(gBinToInt(std::string("\x01\0\0\0\0\0\0\0\x02", 9)), 2u);  // wraps
-    const struct {
-        std::uint64_t value;
-        unsigned start, length;
-        std::uint64_t expected;
-    } bits[] = {{0b101100, 2, 3, 0b011},
-                {~0ull, 0, 64, ~0ull},
-                {~0ull, 60, 10, 0xF},
-                {~0ull, 64, 1, 0},
-                {0x1234, 3, 0, 0}};
-    for (const auto& c : bits)
-        EXPECT_EQ(gBitR(c.value, c.start, c.length), c.expected) << c.start << "," << c.length;
-    EXPECT_EQ(gClrItoC(-1), (Color{255, 255, 255}));
-    EXPECT_TRUE(gHoldsNoCase("<key>cfbundleIDENTIFIER</key>", "CFBundleIdentifier"));
-    EXPECT_FALSE(gEqualNoCase("\xC3\xA9", "\xC3\x89"));  // only ASCII letters fold
 }
 
 }  // namespace
