@@ -98,37 +98,24 @@ TEST(JpegCodec, RoundTripAndDamagedStreams) {
         for (int x = 0; x < src.Width(); ++x)
             ASSERT_TRUE(Near(back.Pixel(x, y), src.Pixel(x, y), 4)) << x << "," << y;
 
+    // Damaged streams (the fuzz tests try many more): a bad one must not spoil the codec for
+    // the next file, and one cut in the scan keeps its size, flat grey where the data ran out.
     const auto good = *fixtures::JpegCache::Thumbnail(160, 120, 90, 0);
     const std::size_t sos = MarkerAt(good, 0xDA), sof = MarkerAt(good, 0xC0);
-    auto huge = good, garbage = good;
+    std::vector<std::uint8_t> huge = good;
     for (std::size_t i : {sof + 5, sof + 7})  // height, then width: 60000 each
         huge[i] = 0xEA, huge[i + 1] = 0x60;
-    std::fill_n(garbage.begin(), 4, std::uint8_t(0x42));
-    const auto cutAt = [&](std::size_t n) {
-        return std::vector(good.begin(), good.begin() + std::ptrdiff_t(n));
-    };
-    const struct {
-        const char* what;
-        std::vector<std::uint8_t> bytes;
-        bool decodes;
-    } cases[] = {{"whole", good, true},
-                 {"not a JPEG", garbage, false},
-                 {"cut in the headers", cutAt(sos / 2), false},
-                 {"cut in the scan", cutAt((sos + good.size()) / 2), true},
-                 {"60000 x 60000", huge, false}};
-    for (const auto& c : cases) {
-        const Picture pic = JpegCodec::Decode(c.bytes);
-        EXPECT_EQ(!pic.IsNull(), c.decodes) << c.what;
-        if (!pic.IsNull()) {
-            EXPECT_EQ(std::pair(pic.Width(), pic.Height()), std::pair(160, 120)) << c.what;
-            EXPECT_TRUE(Near(pic.Pixel(10, 10), Color{220, 30, 30}, 8)) << c.what;
-        }
-        // A bad stream must not spoil the codec for the next file.
-        EXPECT_FALSE(JpegCodec::Decode(good).IsNull()) << "after " << c.what;
+    const std::vector<std::uint8_t> cut(good.begin(), good.begin() + std::ptrdiff_t(sos / 2)),
+        scanCut(good.begin(), good.begin() + std::ptrdiff_t((sos + good.size()) / 2));
+    for (const auto& bad : {huge, cut}) {
+        EXPECT_TRUE(JpegCodec::Decode(bad).IsNull());
+        EXPECT_FALSE(JpegCodec::Decode(good).IsNull());
     }
-    // A stream cut short keeps its size; where the data ran out the picture is flat grey.
+    const Picture part = JpegCodec::Decode(scanCut);
+    EXPECT_EQ(std::pair(part.Width(), part.Height()), std::pair(160, 120));
+    EXPECT_TRUE(Near(part.Pixel(10, 10), Color{220, 30, 30}, 8));
     EXPECT_TRUE(Near(JpegCodec::Decode(good).Pixel(10, 110), Color{30, 40, 210}, 8));
-    EXPECT_TRUE(Near(JpegCodec::Decode(cases[3].bytes).Pixel(10, 110), Color{128, 128, 128}, 3));
+    EXPECT_TRUE(Near(part.Pixel(10, 110), Color{128, 128, 128}, 3));
 }
 
 // Only ground and black ink, and the ink where the text belongs.
