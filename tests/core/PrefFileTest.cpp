@@ -192,7 +192,6 @@ TEST(PrefFile, DamagedFilesKeepDefaultsBeyondTheDamage) {
         std::function<void(Settings&)> expect;  // what the file changes in the defaults
     } cases[] = {
         // clang-format off
-        {"empty file", "", [](Settings&) {}},
         {"header cut", "\x10pre", [](Settings&) {}},
         {"header only", p4, [](Settings&) {}},
         {"huge int count", p4 + U32(~0u) + Pascal("100") + Pascal("5") + Pascal("1"),
@@ -266,24 +265,6 @@ TEST(PrefFile, ValReadsTheLeadingNumber) {
     // clang-format on
     for (const auto& [text, value] : cases)
         EXPECT_EQ(PrefFile::Val(text), value) << text;
-}
-
-// The colour defaults follow the colour table as it is when InitPref runs, and InitPref
-// wipes whatever an earlier run or later changes left behind.
-TEST(Settings, DefaultsTakeColoursFromTheTable) {
-    using namespace pref;
-    Settings s;
-    s.InitColor();
-    s.gClr[28] = Color{1, 2, 3};
-    s.gClr[29] = Color{4, 5, 6};
-    s.gPref[kDetectCamera] = 9;
-    s.gPrefS[kSGoogleEarthApp] = "left over";
-    s.InitPref(0x010101);
-    EXPECT_EQ(
-        (std::vector{s.gPref[kThumbBackColor], s.gPref[kSelectionColor], s.gPref[kFolderNameColor],
-                     s.gPref[kListBackColor], s.gPref[kDetectCamera]}),
-        (std::vector<std::int64_t>{0x010203, 0x010101, 0x0000FF, 0x040506, 0}));
-    EXPECT_EQ(s.gPrefS[kSGoogleEarthApp], "");
 }
 
 }  // namespace

@@ -46,14 +46,6 @@ TEST(VolumesTest, ModesChooseTheMountsAUserCallsADisk) {
     EXPECT_TRUE(Volumes::ShownMountPoints(MountTable(), 2, "ann").empty());
 }
 
-// The module's list counts from -1 and answers "" outside itself.
-TEST(VolumesTest, TheModuleList) {
-    Volumes::gMakeVolumeList(0, MountTable::Parse(kTable), "ann");
-    EXPECT_EQ(Volumes::gVolumeCount(), 4);
-    EXPECT_EQ(Volumes::gGetVolumeInfo(4) + Volumes::gGetVolumeInfo(5) + Volumes::gGetVolumeInfo(-1),
-              "/run/media/ann/CANON");
-}
-
 TEST(VolumesTest, LabelsFollowLinksAndNamesFallBackToTheLastPartOfThePath) {
     fixtures::ScratchDir scratch("lvx-labels");
     const fs::path& dir = scratch.path();
