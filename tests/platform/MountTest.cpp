@@ -1,10 +1,12 @@
-// Mount changes: the diff of two tables, and the monitor that keeps the last one. The monitor
-// against real mounts is tested with the whole program (tests/app/CardMountTest).
+// The mount table (the kernel's line shape, its escapes, the lines it must not trust), the diff
+// of two tables, and the monitor that keeps the last one. The monitor against real mounts is
+// tested with the whole program (tests/app/CardMountTest).
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "ScratchDir.h"
@@ -77,13 +79,50 @@ TEST(MountChangesTest, MonitorReportsAChangeOnceAndIgnoresFailedReads) {
     EXPECT_EQ(Points(c.mounted), (Strings{"/media/ann/B"}));
     EXPECT_TRUE(monitor.Check().Empty());
 
-    Write(file, "");
-    EXPECT_TRUE(monitor.Check().Empty());
-    fs::remove(file);
+    Write(file, "");  // a failed read
     EXPECT_TRUE(monitor.Check().Empty());
     // Back with the card gone: compared with the last good table, not with the failed reads.
     Write(file, kRoot);
     EXPECT_EQ(Points(monitor.Check().unmounted), (Strings{"/media/ann/B"}));
+}
+
+TEST(MountTableTest, ParsesFieldsAndEscapesAndSkipsMalformedLines) {
+    const MountTable t = MountTable::Parse(
+        "22 1 8:2 / / rw,relatime shared:1 - ext4 /dev/sda2 rw\n"
+        "\n"
+        "garbage\n"
+        "98 22 8:17 / /media/ann/My\\040Card rw,nosuid master:4 shared:9 - vfat /dev/sdb1 rw\n"
+        "1 2 8:1 / /a rw shared:1 ext4 /dev/sda1 rw\n"  // no separator
+        "1 2 81 / /b rw - ext4 /dev/sda1 rw\n"          // no major:minor
+        "x 2 8:1 / /c rw - ext4 /dev/sda1 rw\n"         // id not a number
+        "99 22 0:52 /sub /run/a\\011b\\134c\\012d rw - tmpfs tmp\\040fs rw\n"
+        "1 2 8:1 / relative rw - ext4 /dev/sda1 rw\n"  // mount point not absolute
+        "1 2 8:1 / /d rw - ext4\n"                     // too few fields after the separator
+        "100 22 0:53 / /mnt/x rw - fuse.sshfs u@h:/w\\040x rw");  // no final line end
+    ASSERT_EQ(t.Entries().size(), 4u);
+    const MountEntry& card = t.Entries()[1];
+    EXPECT_EQ(std::tuple(card.mountId, card.major, card.minor, card.fsType, card.source),
+              std::tuple(98, 8u, 17u, "vfat", "/dev/sdb1"));
+    EXPECT_EQ(card.mountPoint, "/media/ann/My Card");
+    EXPECT_EQ(t.Entries()[2].root + t.Entries()[2].mountPoint + t.Entries()[2].source,
+              "/sub/run/a\tb\\c\ndtmp fs");
+    EXPECT_EQ(t.Entries()[3].source, "u@h:/w x");
+    // Only three octal digits make an escape.
+    EXPECT_EQ(MountTable::Unescape("a\\04 \\08x\\101\\"), "a\\04 \\08xA\\");
+
+    std::string many;
+    for (std::size_t i = 0; i < MountTable::kMaxEntries + 5; ++i)
+        many += "1 1 0:1 / /m" + std::to_string(i) + " rw - tmpfs t rw\n";
+    EXPECT_EQ(MountTable::Parse(many).Entries().size(), MountTable::kMaxEntries);
+}
+
+// Comparison and reading from a file are the monitor's and tested there.
+TEST(MountTableTest, FindTakesTheTopMount) {
+    const MountTable t = MountTable::Parse(
+        std::string(kRoot) + "2 1 0:9 / /m rw - tmpfs a rw\n3 1 0:10 / /m rw - tmpfs b rw\n");
+    EXPECT_EQ(t.Find("/m")->source + (t.Find("/nothing") ? "?" : ""), "b");
+    EXPECT_EQ(t.MountPoints(), (std::vector<std::string>{"/", "/m"}));
+    EXPECT_NE(MountTable::Read().Find("/"), nullptr);
 }
 
 }  // namespace
