@@ -152,30 +152,29 @@ TEST(PrefFile, OutOfRangeValuesGetTheirDefaults) {
         std::int64_t loaded;
     } cases[] = {
         // clang-format off
-        {kFrameLeft, "2147483000", 0}, {kFrameTop, "2147483647", 0}, {kFrameLeft, "-100001", 0},
-        {kFrameLeft, "-100000", -100000}, {kFrameTop, "100000", 100000},
-        {kFrameWidth, "-1", 0}, {kFrameHeight, "100001", 0}, {kFrameWidth, "100000", 100000},
-        {kDividerLeft, "9e18", 200}, {kDividerLeft, "0", 0},
+        {kFrameLeft, "2147483000", 0}, {kFrameTop, "2147483647", 0}, {kFrameWidth, "-1", 0},
+        {kFrameHeight, "100000", 100000}, {kDividerLeft, "9e18", 200},
         {kThumbBackColor, "16777216", 0xFFFFC0}, {kListBackColor, "16777215", 0xFFFFFF},
         {kSelectionColor, "-1", kHighlight}, {kBeepOnCaution, "2", 1}, {kEjectAtQuit, "-1", 0},
-        {GroupSwitch(9), "7", 1}, {kGroupCount, "10", 6}, {kGroupCount, "9", 9},
-        {kPrefsPage, "6", 0}, {kPrefsPage, "5", 5}, {kVolumeMode, "3", 0}, {kVolumeMode, "2", 2},
-        {kGoogleEarthSpeed, "61", 2}, {kGoogleEarthTilt, "-361", 0}, {kLastIndex, "101", 100},
-        {kUntouched, "-9223372036854775808", std::numeric_limits<std::int64_t>::min()},
+        {GroupSwitch(9), "7", 1}, {kGroupCount, "10", 6}, {kPrefsPage, "6", 0}, {kVolumeMode, "2", 2},
+        {kGoogleEarthSpeed, "61", 2}, {kGoogleEarthTilt, "-361", 0}, {kGoogleEarthHeading, "-360", -360},
+        {kLastIndex, "101", 100}, {kUntouched, "-9223372036854775808", std::numeric_limits<std::int64_t>::min()},
         // clang-format on
     };
-    const Settings defaults = Defaults();
-    for (const auto& c : cases) {
-        ScratchDir dir;
-        std::string bytes = Pascal("pref4") + U32(101);
-        for (std::size_t i = 0; i < defaults.gPref.size(); ++i)
-            bytes += Pascal(i == c.slot ? c.stored : std::to_string(defaults.gPref[i]));
-        WriteFile(dir.path() / "pref", bytes + U32(0));
-        Settings s = Defaults();
-        s.gPref[c.slot] = 12345;  // the file, not what was there, decides
-        ASSERT_EQ(PrefFile::LoadPref(s, dir.path(), kHighlight), LoadResult::Loaded);
+    std::vector<std::string> ints;
+    for (const std::int64_t v : Defaults().gPref)
+        ints.push_back(std::to_string(v));
+    for (const auto& c : cases)
+        ints[c.slot] = c.stored;
+    std::string bytes = Pascal("pref4") + U32(101);
+    for (const std::string& text : ints)
+        bytes += Pascal(text);
+    ScratchDir dir;
+    WriteFile(dir.path() / "pref", bytes + U32(0));
+    Settings s = Defaults();
+    ASSERT_EQ(PrefFile::LoadPref(s, dir.path(), kHighlight), LoadResult::Loaded);
+    for (const auto& c : cases)
         EXPECT_EQ(s.gPref[c.slot], c.loaded) << c.slot << " " << c.stored;
-    }
 }
 
 TEST(PrefFile, DamagedFilesKeepDefaultsBeyondTheDamage) {
