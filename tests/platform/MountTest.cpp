@@ -108,7 +108,7 @@ TEST(MountTableTest, ParsesFieldsAndEscapesAndSkipsMalformedLines) {
               "/sub/run/a\tb\\c\ndtmp fs");
     EXPECT_EQ(t.Entries()[3].source, "u@h:/w x");
     // Only three octal digits make an escape.
-    EXPECT_EQ(MountTable::Unescape("a\\04 \\08x\\101\\"), "a\\04 \\08xA\\");
+    EXPECT_EQ(MountTable::Unescape("a\\04 \\08x\\911\\101\\"), "a\\04 \\08x\\911A\\");
 
     std::string many;
     for (std::size_t i = 0; i < MountTable::kMaxEntries + 5; ++i)
