@@ -33,11 +33,11 @@ std::string U32(std::uint32_t v) {
 }
 
 // A settings file with the given header; strings 17 to 19 in the old long form when asked.
-std::string PrefBytes(std::string_view header, const std::vector<std::int64_t>& ints,
-                      const std::vector<std::string>& strs, bool longForm) {
+std::string PrefBytes(std::string_view header, const std::vector<std::string>& ints,
+                      const std::vector<std::string>& strs, bool longForm = false) {
     std::string out = Pascal(header) + U32(static_cast<std::uint32_t>(ints.size()));
-    for (const std::int64_t v : ints)
-        out += Pascal(std::to_string(v));
+    for (const std::string& v : ints)
+        out += Pascal(v);
     out += U32(static_cast<std::uint32_t>(strs.size()));
     for (std::size_t i = 0; i < strs.size(); ++i) {
         const bool isLong = longForm && i >= 17 && i <= 19;
@@ -87,13 +87,13 @@ TEST(PrefFile, LoadsEveryLayout) {
         // clang-format on
     };
     for (const auto& c : cases) {
-        std::vector<std::int64_t> ints(101, 1);
+        std::vector<std::string> ints(101, "1");
         std::vector<std::string> strs = Strs(51, "s");
-        ints[kLastIndex] = 100;
-        ints[kUntouched] = 1009;
+        ints[kLastIndex] = "100";
+        ints[kUntouched] = "1009";
         const std::int64_t stored[] = {111, 222, 333, c.storedTop, 50, 0, 7, 7, 7, 7};
         for (std::size_t k = 0; k < 10; ++k)
-            ints[kSlots[k]] = stored[k];
+            ints[kSlots[k]] = std::to_string(stored[k]);
         if (c.longForm) strs[18] = std::string(300, 'x');
         ScratchDir dir;
         WriteFile(dir.path() / "pref", PrefBytes(c.header, ints, strs, c.longForm));
@@ -166,11 +166,8 @@ TEST(PrefFile, OutOfRangeValuesGetTheirDefaults) {
         ints.push_back(std::to_string(v));
     for (const auto& c : cases)
         ints[c.slot] = c.stored;
-    std::string bytes = Pascal("pref4") + U32(101);
-    for (const std::string& text : ints)
-        bytes += Pascal(text);
     ScratchDir dir;
-    WriteFile(dir.path() / "pref", bytes + U32(0));
+    WriteFile(dir.path() / "pref", PrefBytes("pref4", ints, {}));
     Settings s = Defaults();
     ASSERT_EQ(PrefFile::LoadPref(s, dir.path(), kHighlight), LoadResult::Loaded);
     for (const auto& c : cases)
@@ -178,7 +175,7 @@ TEST(PrefFile, OutOfRangeValuesGetTheirDefaults) {
 }
 
 TEST(PrefFile, DamagedFilesKeepDefaultsBeyondTheDamage) {
-    const std::vector<std::int64_t> many(300, 1);  // in range for every slot
+    const std::vector<std::string> many(300, "1");  // in range for every slot
     const std::vector<std::string> manyStrs = Strs(80, "v");
     const std::string p4 = Pascal("pref4");
     std::string oldCut = Pascal("pref3") + U32(1) + Pascal("100") + U32(51);
@@ -203,8 +200,8 @@ TEST(PrefFile, DamagedFilesKeepDefaultsBeyondTheDamage) {
         {"old long string past the end", oldCut, [](Settings& e) {
              std::fill_n(e.gPrefS.begin(), 17, std::string(1, 'o'));
              e.gPref[pref::kFrameTop] = 100; }},  // the old layout's migration still runs
-        {"counts beyond the tables", PrefBytes("pref4", many, manyStrs, false), [&](Settings& e) {
-             std::copy_n(many.begin(), e.gPref.size(), e.gPref.begin());
+        {"counts beyond the tables", PrefBytes("pref4", many, manyStrs), [&](Settings& e) {
+             e.gPref.fill(1);
              std::copy_n(manyStrs.begin(), e.gPrefS.size(), e.gPrefS.begin()); }},
         // clang-format on
     };
