@@ -176,12 +176,9 @@ std::string ReadText(const fs::path& p) {
     return {std::istreambuf_iterator<char>(f), {}};
 }
 
-std::vector<std::uint8_t> Bytes(const std::string& text) {
-    return {text.begin(), text.end()};
-}
-
 TEST(OutputFile, CreateNewWritesOnlyUnusedNames) {
     using R = OutputFile::Result;
+    const std::vector<std::uint8_t> bytes{'n', 'e', 'w'};
     const struct {
         const char* what;
         void (*setup)(const fs::path& dir);  // prepares dir / "t.jpg"
@@ -189,7 +186,7 @@ TEST(OutputFile, CreateNewWritesOnlyUnusedNames) {
         const char* after;  // what dir / "t.jpg" reads afterwards
     } cases[] = {
         // clang-format off
-        {"free name", [](const fs::path&) {}, R::Written, "new bytes"},
+        {"free name", [](const fs::path&) {}, R::Written, "new"},
         {"folder", [](const fs::path& d) { fs::create_directory(d / "t.jpg"); }, R::Exists, ""},
         {"link to a file", [](const fs::path& d) {
              std::ofstream(d / "source.jpg") << "source";
@@ -201,19 +198,18 @@ TEST(OutputFile, CreateNewWritesOnlyUnusedNames) {
     for (const auto& c : cases) {
         ScratchDir dir;
         c.setup(dir.path());
-        EXPECT_EQ(OutputFile::CreateNew(dir.path() / "t.jpg", Bytes("new bytes")), c.result)
-            << c.what;
+        EXPECT_EQ(OutputFile::CreateNew(dir.path() / "t.jpg", bytes), c.result) << c.what;
         EXPECT_EQ(ReadText(dir.path() / "t.jpg"), c.after) << c.what;
         EXPECT_FALSE(fs::exists(dir.path() / "nowhere.jpg")) << c.what;
     }
     ScratchDir dir;
-    EXPECT_EQ(OutputFile::CreateNew(dir.path() / "missing" / "t.jpg", Bytes("x")), R::Failed);
+    EXPECT_EQ(OutputFile::CreateNew(dir.path() / "missing" / "t.jpg", bytes), R::Failed);
     // By name in an open folder: the same rules, relative to that folder.
     const int folder = ::open(dir.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    EXPECT_EQ(OutputFile::CreateNewIn(folder, "in.jpg", Bytes("in")), R::Written);
-    EXPECT_EQ(OutputFile::CreateNewIn(folder, "in.jpg", Bytes("again")), R::Exists);
+    EXPECT_EQ(OutputFile::CreateNewIn(folder, "in.jpg", bytes), R::Written);
+    EXPECT_EQ(OutputFile::CreateNewIn(folder, "in.jpg", {}), R::Exists);
     ::close(folder);
-    EXPECT_EQ(ReadText(dir.path() / "in.jpg"), "in");
+    EXPECT_EQ(ReadText(dir.path() / "in.jpg"), "new");
 }
 
 // A write that stops part-way (here the file size limit, standing in for a full disk) must not
