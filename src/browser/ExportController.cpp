@@ -75,7 +75,7 @@ void ExportController::ExportThumbNail2(std::size_t index, int mode) {
     const ItemRecord& item = items_[index];
     if (!item.ifd1) {
         prompter_.CautionOk(window_, QStringLiteral("画像ファイルにサムネイルが含まれていません。"),
-                            kNotWritten, prefs_.gPref[10] == 1);
+                            kNotWritten, prefs_.gPref[pref::kBeepOnCaution] == 1);
         return;
     }
     std::string body, extn;
@@ -92,7 +92,7 @@ int ExportController::Caution(const QString& message, const QString& explanation
     r.cancel = QStringLiteral("キャンセル");
     r.message = message;
     r.explanation = explanation;
-    return prompter_.Caution(window_, r, prefs_.gPref[10] == 1);
+    return prompter_.Caution(window_, r, prefs_.gPref[pref::kBeepOnCaution] == 1);
 }
 
 // The stored thumbnail carries neither the user's turns nor the orientation tag's, so each
@@ -102,7 +102,7 @@ bool ExportController::ConfirmExif(const ItemRecord& item) {
                                  QStringLiteral("回転を無視して書き出す場合は実行を押します。"),
                                  true) == Prompter::kCancel)
         return false;
-    if (prefs_.gPref[12] == 1 && item.rotate != 0 &&
+    if (prefs_.gPref[pref::kFollowOrientation] == 1 && item.rotate != 0 &&
         Caution(
             QStringLiteral("表示画像はexifの情報に従って回転していますが、exif形式では回転なしで"
                            "書き出されます。"),
@@ -177,7 +177,7 @@ std::optional<std::filesystem::path> ExportController::AskTarget(
     if (Protected(target)) {
         prompter_.CautionOk(window_, QStringLiteral("元の画像ファイルには書き出せません。"),
                             QStringLiteral("別の名前か別のフォルダを指定して下さい。"),
-                            prefs_.gPref[10] == 1);
+                            prefs_.gPref[pref::kBeepOnCaution] == 1);
         return std::nullopt;
     }
     return target;
@@ -192,7 +192,7 @@ bool ExportController::Protected(const std::filesystem::path& target) const {
 }
 
 void ExportController::WriteFailed() {
-    prompter_.CautionOk(window_, kFailed, kNotWritten, prefs_.gPref[10] == 1);
+    prompter_.CautionOk(window_, kFailed, kNotWritten, prefs_.gPref[pref::kBeepOnCaution] == 1);
 }
 
 // ---- every item, on the worker -----------------------------------------------------------
@@ -229,7 +229,7 @@ bool ExportController::ExportThumbNailAll() {
 void ExportController::Refuse() {
     prompter_.CautionOk(window_, QStringLiteral("ほかの処理を実行中です。"),
                         QStringLiteral("処理が終わってから、もう一度書き出して下さい。"),
-                        prefs_.gPref[10] == 1);
+                        prefs_.gPref[pref::kBeepOnCaution] == 1);
 }
 
 // Copies the next pictures for the worker, so that it reads its own and a turn made during
@@ -269,7 +269,7 @@ void ExportController::Timer2_Action() {
         prompter_.CautionOk(
             window_, QStringLiteral("書き出せなかったサムネイルがあります。"),
             QStringLiteral("書き出し先の空き容量と書き込みの権限を確かめて下さい。"),
-            prefs_.gPref[10] == 1);
+            prefs_.gPref[pref::kBeepOnCaution] == 1);
     emit exportFinished();
 }
 

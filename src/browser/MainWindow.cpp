@@ -95,12 +95,13 @@ void MainWindow::WatchVolumes() {
 }
 
 void MainWindow::InitVal() {
-    Canvas1->SetColors(static_cast<int>(pPrefs.gPref[4]), static_cast<int>(pPrefs.gPref[5]));
-    const bool fullNames = pPrefs.gPref[33] != 0;
+    Canvas1->SetColors(static_cast<int>(pPrefs.gPref[pref::kThumbBackColor]),
+                       static_cast<int>(pPrefs.gPref[pref::kSelectionColor]));
+    const bool fullNames = pPrefs.gPref[pref::kShowExtension] != 0;
     Canvas1->SetFullNames(fullNames);
     pScan.SetLabels([this](const std::string& label) { return Canvas1->TextWidth(label); },
                     fullNames);
-    pOutline->SetFolderColor(static_cast<int>(pPrefs.gPref[6]));
+    pOutline->SetFolderColor(static_cast<int>(pPrefs.gPref[pref::kFolderNameColor]));
     SetBtnStat(0);
     SetBtnStatAll(false);
     pStrip->HideJob();
@@ -238,7 +239,8 @@ void MainWindow::SelectAll() {
 void MainWindow::SetBtnStat(int state) {
     // Whether the selected picture carries a position comes with the Google Earth hand-off;
     // until then its command stays off.
-    pCommands.SetBtnStat(state, pPrefs.gPref[50] == 1, [](int) { return false; });
+    pCommands.SetBtnStat(state, pPrefs.gPref[pref::kGoogleEarthAllowed] == 1,
+                         [](int) { return false; });
 }
 
 const QString& MainWindow::ToolTipText() const {
@@ -289,7 +291,7 @@ void MainWindow::Event_CancelClose() {
 
 void MainWindow::UnmountCam() {
     if (pEject == nullptr || pOutline == nullptr) return;
-    pEject->UnmountCam(this, pOutline->gFI, pPrefs.gPref[31] != 0);
+    pEject->UnmountCam(this, pOutline->gFI, pPrefs.gPref[pref::kEjectAtQuit] != 0);
 }
 
 }  // namespace lumivex

@@ -22,20 +22,21 @@ WindowFrame::WindowFrame(QWidget& window, QSplitter& split, QWidget& canvas, int
 
 void WindowFrame::Restore(const Settings& prefs) {
     const auto& p = prefs.gPref;
-    window_.move(Stored(p[41], 0, window_.x()), Stored(p[42], 0, window_.y()));
+    window_.move(Stored(p[pref::kFrameLeft], 0, window_.x()),
+                 Stored(p[pref::kFrameTop], 0, window_.y()));
     const QSize least = window_.minimumSize();
-    window_.resize(Stored(p[43], least.width(), window_.width()),
-                   Stored(p[44], least.height(), window_.height()));
-    ResizeSeparatePos(static_cast<int>(p[45]));
+    window_.resize(Stored(p[pref::kFrameWidth], least.width(), window_.width()),
+                   Stored(p[pref::kFrameHeight], least.height(), window_.height()));
+    ResizeSeparatePos(static_cast<int>(p[pref::kDividerLeft]));
 }
 
 void WindowFrame::Save(Settings& prefs) const {
     auto& p = prefs.gPref;
-    p[41] = window_.x();
-    p[42] = window_.y();
-    p[43] = window_.width();
-    p[44] = window_.height();
-    p[45] = CanvasLeft();
+    p[pref::kFrameLeft] = window_.x();
+    p[pref::kFrameTop] = window_.y();
+    p[pref::kFrameWidth] = window_.width();
+    p[pref::kFrameHeight] = window_.height();
+    p[pref::kDividerLeft] = CanvasLeft();
 }
 
 void WindowFrame::ResizeSeparatePos(int left) {

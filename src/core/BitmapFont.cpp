@@ -183,14 +183,6 @@ void DrawGlyph(Picture& pic, int x, int top, const Glyph& g, Color color) {
 
 }  // namespace
 
-int BitmapFont::TextWidth(std::string_view text) {
-    long long width = 0;
-    for (char ch : text) {
-        if (!IsContinuation(ch)) width += GlyphFor(ch).width + 1;
-    }
-    return width > INT_MAX ? INT_MAX : static_cast<int>(width);
-}
-
 void BitmapFont::DrawText(Picture& pic, int x, int baseline, std::string_view text, Color color) {
     const long long top = static_cast<long long>(baseline) - (kCapHeight - 1);
     if (pic.IsNull() || top >= pic.Height() || top + kRows <= 0) return;

@@ -14,11 +14,6 @@ class BitmapFont {
     static constexpr int kCapHeight = 9;  // rows of a capital letter, the baseline row included
     static constexpr int kDescent = 3;    // rows below the baseline row for g, j, p, q, y, ...
 
-    // How far the pen moves over `text`: the sum of the glyphs' advances, each one column
-    // wider than its ink. Characters outside printable ASCII advance like a space, one per
-    // UTF-8 sequence.
-    static int TextWidth(std::string_view text);
-
     // Draws `text` with its first glyph's left edge at x. `baseline` is the bottom row of the
     // letters without descenders: capitals take the rows baseline-8 .. baseline. Whatever falls
     // outside the picture is clipped.

@@ -2,16 +2,13 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <utility>
 
 #include "core/Globals.h"
 #include "core/Settings.h"
 
 namespace lumivex {
 namespace {
-
-// Group n of the extension list lives in gPrefS(n) with its switch in gPref(20 + n); the
-// count in gPref(20) comes from the settings file and is bounded by the string table.
-constexpr std::int64_t kGroupCountSlot = 20;
 
 // The text between the first and the second ":" ("" when there is no ":").
 std::string_view SecondColonField(std::string_view group) {
@@ -24,11 +21,12 @@ std::string_view SecondColonField(std::string_view group) {
 }  // namespace
 
 ExtensionFilter::ExtensionFilter(const Settings& prefs) {
+    // The count is bounded when the file is read; this keeps a value set in memory in range.
     const std::int64_t groups =
-        std::min<std::int64_t>(prefs.gPref[kGroupCountSlot], Settings::kPrefSLast);
-    for (std::int64_t n = 1; n <= groups; ++n) {
-        if (prefs.gPref[static_cast<std::size_t>(kGroupCountSlot + n)] != 1) continue;
-        AddGroup(SecondColonField(prefs.gPrefS[static_cast<std::size_t>(n)]));
+        std::min<std::int64_t>(prefs.gPref[pref::kGroupCount], pref::kMaxGroups);
+    for (std::size_t n = 1; std::cmp_less_equal(n, groups); ++n) {
+        if (prefs.gPref[pref::GroupSwitch(n)] != 1) continue;
+        AddGroup(SecondColonField(prefs.gPrefS[pref::SGroup(n)]));
     }
 }
 

@@ -20,8 +20,6 @@ class ExtensionFilter {
     // the extensions, ignoring ASCII letter case. An empty field never matches.
     bool Accepts(std::string_view name) const;
 
-    const std::vector<std::string>& Extensions() const { return extensions_; }
-
   private:
     void AddGroup(std::string_view group);
 

@@ -93,10 +93,6 @@ bool gHoldsNoCase(std::string_view text, std::string_view part) {
 bool gChkGx(const Settings& prefs, std::string_view /*type*/, std::string_view name) {
     // The file type is deliberately ignored: files on cards carry no type codes, so the
     // extension alone decides.
-    return gChkGxExt(prefs, name);
-}
-
-bool gChkGxExt(const Settings& prefs, std::string_view name) {
     return ExtensionFilter(prefs).Accepts(name);
 }
 

@@ -38,6 +38,5 @@ bool gHoldsNoCase(std::string_view text, std::string_view part);
 
 // The file-type test: only the extension decides, against the enabled groups of `prefs`.
 bool gChkGx(const Settings& prefs, std::string_view type, std::string_view name);
-bool gChkGxExt(const Settings& prefs, std::string_view name);
 
 }  // namespace lumivex

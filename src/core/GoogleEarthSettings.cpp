@@ -6,20 +6,20 @@ namespace lumivex {
 
 GoogleEarthSettings GoogleEarthSettingsFrom(const Settings& prefs) {
     GoogleEarthSettings s;
-    s.use = prefs.gPref[50] == 1;
-    s.beep = prefs.gPref[10] == 1;
-    s.range = prefs.gPref[51];
-    s.tilt = prefs.gPref[52];
-    s.heading = prefs.gPref[53];
-    s.speedTenths = prefs.gPref[54];
-    s.oldAppPath = prefs.gPrefS[40];
-    s.appPath = prefs.gPrefS[41];
+    s.use = prefs.gPref[pref::kGoogleEarthAllowed] == 1;
+    s.beep = prefs.gPref[pref::kBeepOnCaution] == 1;
+    s.range = prefs.gPref[pref::kGoogleEarthRange];
+    s.tilt = prefs.gPref[pref::kGoogleEarthTilt];
+    s.heading = prefs.gPref[pref::kGoogleEarthHeading];
+    s.speedTenths = prefs.gPref[pref::kGoogleEarthSpeed];
+    s.oldAppPath = prefs.gPrefS[pref::kSGoogleEarthOld];
+    s.appPath = prefs.gPrefS[pref::kSGoogleEarthApp];
     return s;
 }
 
 void StoreGoogleEarthSettings(const GoogleEarthSettings& values, Settings& prefs) {
-    prefs.gPref[50] = values.use ? 1 : 0;
-    prefs.gPrefS[41] = values.appPath;
+    prefs.gPref[pref::kGoogleEarthAllowed] = values.use ? 1 : 0;
+    prefs.gPrefS[pref::kSGoogleEarthApp] = values.appPath;
 }
 
 }  // namespace lumivex

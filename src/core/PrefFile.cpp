@@ -1,8 +1,5 @@
 #include "core/PrefFile.h"
 
-#include <pwd.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
@@ -16,6 +13,8 @@
 #include "core/DisplayText.h"
 #include "core/FileServices.h"
 #include "core/Globals.h"
+#include "core/PrefTable.h"
+#include "platform/XdgDirs.h"
 
 // Layout of the settings file (all layouts start the same way):
 //   header       Pascal string: one length byte, then that many bytes ("pref4")
@@ -93,34 +92,29 @@ void ReadStrings(std::string_view& in, Settings& s, bool pascalOnly) {
     }
 }
 
-// Older layouts lacked some settings; give them what a new installation would have.
-void Migrate(Settings& s, std::string_view header, std::int64_t highlight) {
-    const bool v1 = gEqualNoCase(header, "pref");
-    const bool v2 = gEqualNoCase(header, "pref2");
-    const bool v3 = gEqualNoCase(header, "pref3");
-    if (v1) {
-        s.gPref[5] = highlight;
-        s.gPref[6] = gClrCtoI(s.gClr[5]);
-    }
-    if (v1 || v2) {
-        s.gPref[50] = 1;
-        s.gPref[51] = 2000;
-        s.gPref[52] = 0;
-        s.gPref[53] = 0;
-        s.gPref[54] = 2;
-    }
-    if (v1 || v2 || v3) {
-        s.gPref[8] = gClrCtoI(s.gClr[29]);
-        s.gPref[45] = 200;
-        s.gPref[42] = std::max<std::int64_t>(s.gPref[42], 100);
-    }
+// 1 to 3 for the older layouts; anything else reads as the current one.
+int LayoutOf(std::string_view header) {
+    if (gEqualNoCase(header, "pref")) return 1;
+    if (gEqualNoCase(header, "pref2")) return 2;
+    if (gEqualNoCase(header, "pref3")) return 3;
+    return 4;
+}
+
+// Older layouts lacked some settings; they get what a new installation would have. Their
+// windows could also sit under the menu bar, hence the lowest top.
+void Migrate(Settings& s, int layout, std::int64_t highlight) {
+    s.ResetIntsNewerThan(layout, highlight);
+    if (layout < 4)
+        s.gPref[pref::kFrameTop] = std::max<std::int64_t>(s.gPref[pref::kFrameTop], 100);
 }
 
 void Parse(Settings& s, std::string_view in, std::int64_t highlight) {
     std::string_view header;
     if (!TakePascal(in, header)) return;
     if (ReadIntegers(in, s)) ReadStrings(in, s, gEqualNoCase(header, kCurrentHeader));
-    Migrate(s, header, highlight);
+    // A damaged or edited file must not hand the window sizes that overflow its arithmetic.
+    s.BoundInts(highlight);
+    Migrate(s, LayoutOf(header), highlight);
 }
 
 // ---- writing ----
@@ -149,9 +143,10 @@ void AppendPascal(std::string& out, std::string_view text) {
 }
 
 std::string Serialize(const Settings& s) {
-    const std::int64_t lastInt = std::clamp<std::int64_t>(s.gPref[0], -1, Settings::kPrefLast);
-    const std::int64_t lastStr =
-        std::clamp<std::int64_t>(PrefFile::Val(s.gPrefS[0]), -1, Settings::kPrefSLast);
+    const std::int64_t lastInt =
+        std::clamp<std::int64_t>(s.gPref[pref::kLastIndex], -1, Settings::kPrefLast);
+    const std::int64_t lastStr = std::clamp<std::int64_t>(
+        PrefFile::Val(s.gPrefS[pref::kSLastIndex]), -1, Settings::kPrefSLast);
     std::string out;
     AppendPascal(out, kCurrentHeader);
     AppendU32(out, static_cast<std::uint32_t>(lastInt + 1));
@@ -265,26 +260,6 @@ std::int64_t ScaledValue(const NumberText& n) {
     return n.negative ? -whole : whole;
 }
 
-// ---- folders ----
-
-std::filesystem::path HomeFolder() {
-    if (const char* home = std::getenv("HOME"); home != nullptr && *home != '\0') return home;
-    std::vector<char> buffer(16384);
-    passwd entry{};
-    passwd* found = nullptr;
-    if (getpwuid_r(getuid(), &entry, buffer.data(), buffer.size(), &found) != 0 ||
-        found == nullptr || found->pw_dir == nullptr || *found->pw_dir == '\0')
-        return {};
-    return found->pw_dir;
-}
-
-std::filesystem::path ConfigHome() {
-    const char* xdg = std::getenv("XDG_CONFIG_HOME");
-    if (xdg != nullptr && std::filesystem::path(xdg).is_absolute()) return xdg;
-    const std::filesystem::path home = HomeFolder();
-    return home.empty() ? home : home / ".config";
-}
-
 bool IsFolder(const std::filesystem::path& folder) {
     std::error_code ec;
     return !folder.empty() && std::filesystem::is_directory(folder, ec);
@@ -293,7 +268,7 @@ bool IsFolder(const std::filesystem::path& folder) {
 }  // namespace
 
 std::filesystem::path PrefFile::DefaultFolder() {
-    const std::filesystem::path base = ConfigHome();
+    const std::filesystem::path base = XdgDirs::ConfigHome();
     return base.empty() ? base : base / kFolderName;
 }
 

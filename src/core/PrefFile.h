@@ -20,8 +20,7 @@ class PrefFile {
     static constexpr std::string_view kFolderName = "Lumivex初期設定";
     static constexpr std::string_view kFileName = "pref";
 
-    // $XDG_CONFIG_HOME/Lumivex初期設定; $HOME/.config (or the password database's home) when
-    // XDG_CONFIG_HOME is unset, empty or relative. Empty when no home folder is known.
+    // Lumivex初期設定 in the XDG configuration folder; empty when no home folder is known.
     static std::filesystem::path DefaultFolder();
 
     // Reads folder/pref over the values already in `s` (normally the defaults of InitAll).

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/Globals.h"
+#include "core/PrefTable.h"
 
 namespace lumivex {
 namespace {
@@ -29,12 +30,6 @@ constexpr std::array<Color, 9> kTextColors = {{
     {255, 255, 255},
 }};
 
-// Extension groups: a four-letter type, ":", then extensions separated by ";".
-constexpr std::array<const char*, 6> kExtensionGroups = {
-    "PICT:pict;pic;pct", "JPEG:jpe;jpeg;jpg", "GIFf:gif",
-    "PNGf:png",          "8BPS:psd",          "TIFF:jfx;tif;tiff",
-};
-
 }  // namespace
 
 void Settings::InitColor() {
@@ -49,13 +44,11 @@ void Settings::InitColorTxt() {
 }
 
 void Settings::InitPref(std::int64_t highlight) {
-    gPref.fill(0);
+    for (std::size_t i = 0; i < gPref.size(); ++i)
+        gPref[i] = IntDefault(i, highlight);
     gPrefS.fill(std::string());
-    gPref[0] = kPrefLast;
-    gPrefS[0] = std::to_string(kPrefSLast);
-    InitPrefColors(highlight);
-    InitPrefFlags();
-    InitPrefStrings();
+    for (const PrefTable::Str& row : PrefTable::Strings())
+        gPrefS[row.index] = row.value;
 }
 
 void Settings::InitAll(std::int64_t highlight) {
@@ -64,32 +57,30 @@ void Settings::InitAll(std::int64_t highlight) {
     InitPref(highlight);
 }
 
-void Settings::InitPrefColors(std::int64_t highlight) {
-    gPref[4] = gClrCtoI(gClr[28]);  // thumbnail pane background
-    gPref[5] = highlight;           // selection frame
-    gPref[6] = gClrCtoI(gClr[5]);   // names of folders holding thumbnails
-    gPref[7] = gClrCtoI(gClr[1]);
-    gPref[8] = gClrCtoI(gClr[29]);  // list area background
+std::int64_t Settings::IntDefault(std::size_t index, std::int64_t highlight) const {
+    const PrefTable::Int& row = PrefTable::IntRow(index);
+    switch (row.source) {
+        case PrefTable::Source::Colour:
+            return gClrCtoI(gClr[static_cast<std::size_t>(row.value)]);
+        case PrefTable::Source::Highlight:
+            return highlight;
+        case PrefTable::Source::Value:
+            break;
+    }
+    return row.value;
 }
 
-void Settings::InitPrefFlags() {
-    gPref[10] = 1;  // beep with warnings
-    gPref[11] = 1;  // colour the folders holding thumbnails
-    gPref[12] = 1;  // follow the Exif orientation
-    for (std::size_t i = 13; i <= 19; ++i)
-        gPref[i] = 1;
-    gPref[20] = static_cast<std::int64_t>(kExtensionGroups.size());
-    for (std::size_t i = 21; i <= 29; ++i)
-        gPref[i] = 1;  // group switches
-    gPref[45] = 200;   // divider position
-    gPref[50] = 1;     // Google Earth allowed
-    gPref[51] = 2000;  // view range, metres
-    gPref[54] = 2;     // view speed in tenths
+void Settings::BoundInts(std::int64_t highlight) {
+    for (std::size_t i = 0; i < gPref.size(); ++i) {
+        const PrefTable::Int& row = PrefTable::IntRow(i);
+        if (gPref[i] < row.min || gPref[i] > row.max) gPref[i] = IntDefault(i, highlight);
+    }
 }
 
-void Settings::InitPrefStrings() {
-    for (std::size_t i = 0; i < kExtensionGroups.size(); ++i)
-        gPrefS[i + 1] = kExtensionGroups[i];
+void Settings::ResetIntsNewerThan(int layout, std::int64_t highlight) {
+    for (std::size_t i = 0; i < gPref.size(); ++i) {
+        if (PrefTable::IntRow(i).since > layout) gPref[i] = IntDefault(i, highlight);
+    }
 }
 
 }  // namespace lumivex

@@ -1,12 +1,13 @@
 #pragma once
 // All persistent state of the program: two flat tables addressed by index (integers and byte
-// strings) and two tables of constant colours. Every reader indexes them directly, so the
-// index meanings are fixed for good; see InitPref for the defaults.
+// strings) and two tables of constant colours. The index meanings are fixed for good; code
+// names them through pref:: (core/PrefTable.h), which also holds every default and bound.
 #include <array>
 #include <cstdint>
 #include <string>
 
 #include "core/Color.h"
+#include "core/PrefTable.h"
 
 namespace lumivex {
 
@@ -29,10 +30,12 @@ class Settings {
     // InitColor, InitColorTxt and InitPref, in that order.
     void InitAll(std::int64_t highlight = kDefaultHighlight);
 
-  private:
-    void InitPrefColors(std::int64_t highlight);
-    void InitPrefFlags();
-    void InitPrefStrings();
+    // The start-up value of gPref slot `index`.
+    std::int64_t IntDefault(std::size_t index, std::int64_t highlight) const;
+    // Gives every integer outside its allowed range its default.
+    void BoundInts(std::int64_t highlight);
+    // Gives the default to every integer that files of `layout` (1 "pref" to 4 "pref4") lack.
+    void ResetIntsNewerThan(int layout, std::int64_t highlight);
 };
 
 }  // namespace lumivex

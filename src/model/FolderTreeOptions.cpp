@@ -8,9 +8,9 @@ namespace lumivex {
 
 FolderTreeOptions FolderTreeOptions::FromSettings(const Settings& prefs) {
     FolderTreeOptions o;
-    o.volumeMode = static_cast<int>(prefs.gPref[36]);
-    o.markExif = prefs.gPref[11] != 0;
-    o.noThumb = gConvIB(prefs.gPref[32], true);
+    o.volumeMode = static_cast<int>(prefs.gPref[pref::kVolumeMode]);
+    o.markExif = prefs.gPref[pref::kColorFolderNames] != 0;
+    o.noThumb = gConvIB(prefs.gPref[pref::kListNoThumb], true);
     o.filter = ExtensionFilter(prefs);
     o.desktop = XdgDirs::DesktopDir();
     return o;

@@ -53,7 +53,6 @@ void gMakeVolumeList(int mode) {
 
 void gMakeVolumeList(int mode, const MountTable& table, std::string_view user) {
     gVarray() = ShownMountPoints(table, mode, user);
-    SetTimeMachineFlag(mode, GetTimeMachinePath());
 }
 
 int gVolumeCount() {
@@ -63,17 +62,6 @@ int gVolumeCount() {
 std::string gGetVolumeInfo(int index) {
     if (index < 0 || index > gVolumeCount()) return "";
     return gVarray()[static_cast<std::size_t>(index)];
-}
-
-std::string GetTimeMachinePath() {
-    return "";
-}
-
-void SetTimeMachineFlag(int mode, const std::string& path) {
-    if (path.empty()) return;
-    std::vector<std::string>& list = gVarray();
-    list.erase(std::remove(list.begin(), list.end(), path), list.end());
-    if (mode == kHideSystem || mode == kShowAll) list.push_back(path);
 }
 
 std::string gVolumeName(const std::string& mountPoint) {

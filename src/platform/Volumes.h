@@ -38,12 +38,6 @@ int gVolumeCount();
 // The mount path at `index`; "" outside the list.
 std::string gGetVolumeInfo(int index);
 
-// Linux has no Time Machine, so there is never a backup destination: always "".
-std::string GetTimeMachinePath();
-// Moves the backup destination `path` to the end of the list (modes 1 and 2) or drops it
-// (mode 0). An empty path leaves the list as it is.
-void SetTimeMachineFlag(int mode, const std::string& path);
-
 // The name a row shows for a volume: its file-system label, else the last part of the mount
 // path ("/" when the start-up disk has no label).
 std::string gVolumeName(const std::string& mountPoint);

@@ -7,8 +7,8 @@ namespace lumivex {
 
 ScanOptions ScanOptions::FromSettings(const Settings& prefs) {
     ScanOptions o;
-    o.orientation = gConvIB(prefs.gPref[12], true);
-    o.noThumb = gConvIB(prefs.gPref[32], true);
+    o.orientation = gConvIB(prefs.gPref[pref::kFollowOrientation], true);
+    o.noThumb = gConvIB(prefs.gPref[pref::kListNoThumb], true);
     o.filter = ExtensionFilter(prefs);
     return o;
 }

@@ -46,7 +46,7 @@ SidebarView::~SidebarView() = default;
 
 void SidebarView::MakeTable() {
     FolderTreeOptions options = FolderTreeOptions::FromSettings(pPrefs);
-    SetFolderColor(static_cast<int>(pPrefs.gPref[6]));
+    SetFolderColor(static_cast<int>(pPrefs.gPref[pref::kFolderNameColor]));
     pModel->Rebuild([&] {
         pTree->SetOptions(std::move(options));
         pTree->MakeTable();

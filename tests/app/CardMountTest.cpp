@@ -35,7 +35,7 @@ class CardMountTest : public ::testing::Test {
         ::setenv("XDG_CONFIG_HOME", (root_ / "home" / ".config").c_str(), 1);
         app_ = std::make_unique<App>(prompter_, root_ / "settings");
         app_->InitApp();
-        app_->Prefs().gPref[31] = 1;  // eject at quit
+        app_->Prefs().gPref[pref::kEjectAtQuit] = 1;  // eject at quit
         w_ = app_->MakeWindow();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(w_));
     }

@@ -174,9 +174,11 @@ TEST_F(MainWindowTest, TheFrameIsSavedAtCloseAndComesBackAndAMissingFileIsSaid) 
     saved.InitAll();
     ASSERT_EQ(PrefFile::LoadPref(saved, root_ / "settings"), LoadResult::Loaded);
     const std::vector<std::int64_t> frame{at.x(), at.y(), 900, 600, canvasLeft};
-    EXPECT_EQ(std::vector<std::int64_t>(&saved.gPref[41], &saved.gPref[46]), frame);
+    EXPECT_EQ(std::vector<std::int64_t>(&saved.gPref[pref::kFrameLeft],
+                                        &saved.gPref[pref::kDividerLeft + 1]),
+              frame);
 
-    saved.gPref[43] = 600;  // below the minimum width
+    saved.gPref[pref::kFrameWidth] = 600;  // below the minimum width
     ASSERT_TRUE(PrefFile::SavePref(saved, root_ / "settings"));
     app_ = std::make_unique<App>(prompter_, root_ / "settings");
     Start();
@@ -247,7 +249,7 @@ TEST_F(MainWindowTest, TheQuitEjectsOnlyAStillMountedCardAndSaysWhatWentWrong) {
                                      {1, std::string()},
                                      {1, std::string("/")},
                                      {1, (root_ / "gone").string()}}) {
-        prefs.gPref[31] = on;
+        prefs.gPref[pref::kEjectAtQuit] = on;
         o->gFI = volume;
         w_->UnmountCam();
     }

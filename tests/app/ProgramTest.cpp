@@ -91,9 +91,9 @@ TEST_F(ProgramTest, TerminateSavesSettingsAndRemovesTheTemporaryFolder) {
     lumivex::Settings s;
     s.InitAll();
     ASSERT_EQ(PrefFile::LoadPref(s, Settings().parent_path()), LoadResult::Loaded);
-    EXPECT_GE(s.gPref[43], 725);  // the window's frame went in
-    EXPECT_GE(s.gPref[44], 524);
-    EXPECT_GE(s.gPref[45], 100);
+    EXPECT_GE(s.gPref[pref::kFrameWidth], 725);  // the window's frame went in
+    EXPECT_GE(s.gPref[pref::kFrameHeight], 524);
+    EXPECT_GE(s.gPref[pref::kDividerLeft], 100);
     EXPECT_FALSE(fs::exists(temp));
 }
 

@@ -130,7 +130,7 @@ TEST_F(ExportTest, ExifFormAsksAboutTurnsAndWritesTheStoredBytes) {
     prompter_.files = {QString::fromStdString(target.string())};
     for (const auto& c : cases) {
         fs::remove(target);
-        prefs_.gPref[12] = c.orientation;
+        prefs_.gPref[pref::kFollowOrientation] = c.orientation;
         prompter_.answers = c.answers;
         prompter_.asked.clear();
         ctl_.ExportThumbNail(1, 0, ExportController::kExif);

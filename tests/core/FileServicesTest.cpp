@@ -1,5 +1,6 @@
 #include "core/FileServices.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -7,12 +8,15 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <fstream>
-
-#include "core/FolderItemEx.h"
+#include <iterator>
+#include <string>
+#include <vector>
 
 #include "ScratchDir.h"
+#include "core/OutputFile.h"
 
 namespace fs = std::filesystem;
 
@@ -26,15 +30,17 @@ void Touch(const fs::path& file, const std::string& text = "x") {
     std::ofstream(file) << text;
 }
 
-// Runs the deletion in a child whose descriptor limit runs out inside a deep chain of
-// folders: a failure that permission bits cannot give when the tests run as root.
-int DeleteWithFewDescriptors(const fs::path& folder, bool continueIfErrors) {
+// Runs `body` in a child under a resource limit that must not reach the other tests; its
+// exit code, or -1.
+template <typename Body>
+int InChild(int resource, rlim_t limit, Body body) {
     const pid_t pid = fork();
     if (pid == 0) {
+        std::signal(SIGXFSZ, SIG_IGN);  // a short write and EFBIG instead of a kill
         close_range(3, ~0u, 0);
-        const rlimit limit{6, 6};
-        setrlimit(RLIMIT_NOFILE, &limit);
-        _exit(gDeleteEntireFolder(folder, continueIfErrors));
+        const rlimit lim{limit, limit};
+        setrlimit(resource, &lim);
+        _exit(body());
     }
     int status = 0;
     waitpid(pid, &status, 0);
@@ -85,7 +91,11 @@ TEST(FileServices, DeleteEntireFolder) {
         Touch(deep / "leaf.txt");
         Touch(root / "b_sub" / "keep.txt");
         Touch(root / "file.txt");
-        EXPECT_EQ(DeleteWithFewDescriptors(root, continueIfErrors), EMFILE);
+        // The descriptors run out inside the deep chain: a failure that permission bits cannot
+        // give when the tests run as root.
+        EXPECT_EQ(
+            InChild(RLIMIT_NOFILE, 6, [&] { return gDeleteEntireFolder(root, continueIfErrors); }),
+            EMFILE);
         EXPECT_FALSE(fs::exists(root / "file.txt"));  // files go first
         EXPECT_TRUE(fs::exists(deep / "leaf.txt"));
         EXPECT_EQ(fs::exists(root / "b_sub" / "keep.txt"), !continueIfErrors);
@@ -96,17 +106,15 @@ TEST(FileServices, TemporalFolderIsOursOrNothing) {
     const struct {
         const char* what;
         void (*setup)(const fs::path& folder);
-        bool usable, made;  // made: created by the call, so private to the user
+        bool usable;  // only a folder the call made itself, private to the user
     } cases[] = {
         // clang-format off
-        {"missing", [](const fs::path&) {}, true, true},
-        {"existing", [](const fs::path& f) { fs::create_directory(f); }, true, false},
-        {"a link", [](const fs::path& f) { fs::create_directory_symlink(f.parent_path(), f); },
-         false, false},
-        {"a file", [](const fs::path& f) { Touch(f); }, false, false},
+        {"missing", [](const fs::path&) {}, true},
+        {"a link", [](const fs::path& f) { fs::create_directory_symlink(f.parent_path(), f); }, false},
+        {"a file", [](const fs::path& f) { Touch(f); }, false},
         {"someone else's", [](const fs::path& f) {  // only root can give a folder away
              fs::create_directory(f);
-             if (chown(f.c_str(), geteuid() + 1, getegid()) != 0) fs::remove(f); }, false, false},
+             if (chown(f.c_str(), geteuid() + 1, getegid()) != 0) fs::remove(f); }, false},
         // clang-format on
     };
     const char* saved = std::getenv("TMPDIR");
@@ -120,9 +128,8 @@ TEST(FileServices, TemporalFolderIsOursOrNothing) {
         const fs::path got = gGetTemporalFolder();
         saved ? setenv("TMPDIR", savedText.c_str(), 1) : unsetenv("TMPDIR");
         EXPECT_EQ(got, c.usable ? folder : fs::path()) << c.what;
-        if (c.made) {
-            EXPECT_EQ(fs::status(folder).permissions() & fs::perms::all, fs::perms::owner_all);
-        }
+        const fs::perms made = fs::status(folder).permissions() & fs::perms::all;
+        EXPECT_EQ(c.usable ? made : fs::perms::owner_all, fs::perms::owner_all) << c.what;
     }
 }
 
@@ -131,40 +138,96 @@ TEST(FileServices, BundleIdentifierOnTheLineAfterTheKey) {
     const std::string value = "<string>" + id + "</string>";
     const struct {
         const char* what;
-        std::string plist;  // "" writes no file
+        std::string plist;
         std::string wanted;
         bool found;
     } cases[] = {
         // clang-format off
-        {"plain", "<dict>\n\t" + key + "\n\t" + value + "\n</dict>\n", id, true},
-        {"case ignored", key + "\n" + value, "COM.google.googleearthpro", true},
+        {"plain", "<dict>\n\t" + key + "\n\t" + value + "\n</dict>\n", "COM.google.googleearthpro", true},
         {"other id", key + "\n" + value, "com.Google.GoogleEarth", false},
-        {"crlf", "<dict>\r\n" + key + "\r\n" + value + "\r\n", id, true},
-        {"cr", key + "\r" + value, id, true}, {"same line", key + value + "\n<key>x</key>\n", id, false},
+        {"cr", key + "\r" + value, id, true},
         {"first key only", key + "\n<string>a</string>\n" + key + "\n" + value, id, false},
         {"key on the last line", value + "\n" + key + "\n", id, false},
-        {"no key", value + "\n" + value, id, false}, {"no file", "", id, false},
         // clang-format on
     };
     for (const auto& c : cases) {
         ScratchDir app;
-        if (!c.plist.empty()) Touch(app.path() / "Contents" / "Info.plist", c.plist);
+        Touch(app.path() / "Contents" / "Info.plist", c.plist);
         EXPECT_EQ(gChkBundleIdentifier(app.path(), c.wanted), c.found) << c.what;
     }
 }
 
+// Linux keeps no type codes: only a folder, or a link to one, has them.
 TEST(FileServices, OnlyFoldersHaveTypeAndCreator) {
     ScratchDir dir;
     Touch(dir.path() / "file.jpg");
     fs::create_directory_symlink(dir.path(), dir.path() / "link");
     for (const auto& [name, folder] :
          {std::pair{"", true}, {"link", true}, {"file.jpg", false}, {"missing", false}}) {
-        const fs::path item = dir.path() / name;
-        EXPECT_EQ(FolderItemEx::gGetCreator(item), folder ? "MACS" : "") << item;
-        EXPECT_EQ(FolderItemEx::gGetType(item), folder ? "fold" : "") << item;
-        EXPECT_EQ(gFileMatch(item, "macs", "FOLD"), folder) << item;
-        EXPECT_FALSE(gFileMatch(item, "MACS", "")) << item;
+        EXPECT_EQ(gFileMatch(dir.path() / name, "macs", "FOLD"), folder) << name;
+        EXPECT_FALSE(gFileMatch(dir.path() / name, "MACS", "")) << name;
     }
+}
+
+// "" for anything but a file.
+std::string ReadText(const fs::path& p) {
+    if (!fs::is_regular_file(p)) return "";
+    std::ifstream f(p, std::ios::binary);
+    return {std::istreambuf_iterator<char>(f), {}};
+}
+
+TEST(OutputFile, CreateNewWritesOnlyUnusedNames) {
+    using R = OutputFile::Result;
+    const std::vector<std::uint8_t> bytes{'n', 'e', 'w'};
+    const struct {
+        const char* what;
+        void (*setup)(const fs::path& dir);  // prepares dir / "t.jpg"
+        R result;
+        const char* after;  // what dir / "t.jpg" reads afterwards
+    } cases[] = {
+        // clang-format off
+        {"free name", [](const fs::path&) {}, R::Written, "new"},
+        {"folder", [](const fs::path& d) { fs::create_directory(d / "t.jpg"); }, R::Exists, ""},
+        {"link to a file", [](const fs::path& d) {
+             std::ofstream(d / "source.jpg") << "source";
+             fs::create_symlink(d / "source.jpg", d / "t.jpg"); }, R::Exists, "source"},
+        {"dangling link", [](const fs::path& d) { fs::create_symlink(d / "nowhere.jpg", d / "t.jpg"); },
+         R::Exists, ""},
+        // clang-format on
+    };
+    for (const auto& c : cases) {
+        ScratchDir dir;
+        c.setup(dir.path());
+        EXPECT_EQ(OutputFile::CreateNew(dir.path() / "t.jpg", bytes), c.result) << c.what;
+        EXPECT_EQ(ReadText(dir.path() / "t.jpg"), c.after) << c.what;
+        EXPECT_FALSE(fs::exists(dir.path() / "nowhere.jpg")) << c.what;
+    }
+    ScratchDir dir;
+    EXPECT_EQ(OutputFile::CreateNew(dir.path() / "missing" / "t.jpg", bytes), R::Failed);
+    // By name in an open folder: the same rules, relative to that folder.
+    const int folder = ::open(dir.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    EXPECT_EQ(OutputFile::CreateNewIn(folder, "in.jpg", bytes), R::Written);
+    EXPECT_EQ(OutputFile::CreateNewIn(folder, "in.jpg", {}), R::Exists);
+    ::close(folder);
+    EXPECT_EQ(ReadText(dir.path() / "in.jpg"), "new");
+}
+
+// A write that stops part-way (here the file size limit, standing in for a full disk) must not
+// leave the part under the name. Run in a child so that the limit does not reach other tests.
+TEST(OutputFile, CreateNewRemovesAHalfWrittenFile) {
+    ScratchDir dir;
+    const fs::path target = dir.path() / "t.jpg";
+    const std::vector<std::uint8_t> bytes(3 * 4096, 0x5A);
+    using R = OutputFile::Result;
+    for (const auto& [limit, result] :
+         {std::pair{rlim_t{4096}, R::Failed}, {RLIM_INFINITY, R::Written}}) {
+        EXPECT_EQ(
+            InChild(RLIMIT_FSIZE, limit, [&] { return int(OutputFile::CreateNew(target, bytes)); }),
+            int(result))
+            << limit;
+        EXPECT_EQ(fs::exists(target), result == R::Written) << limit;
+    }
+    EXPECT_EQ(fs::file_size(target), bytes.size());
 }
 
 }  // namespace

@@ -2,7 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
+
+#include "core/DisplayText.h"
 #include "core/ExtensionFilter.h"
+#include "core/NumberFormat.h"
 #include "core/Settings.h"
 
 namespace lumivex {
@@ -13,9 +18,8 @@ TEST(Globals, NameHelpers) {
         const char *name, *bodyAndExtn, *extractExtn;  // extn starts as "keep"
         bool dotted;
     } cases[] = {// clang-format off
-        {"a.b.JPG", "a.b|JPG", "JPG", false}, {".hidden", "|hidden", "hidden", true},
-        {"noextension", "noextension|keep", "", false}, {"foo.", "foo|", "", false},
-        {"", "|keep", "", false}};
+        {".hidden", "|hidden", "hidden", true}, {"noextension", "noextension|keep", "", false},
+        {"foo.", "foo|", "", false}};
     // clang-format on
     for (const auto& c : cases) {
         std::string body = "old", extn = "keep";
@@ -29,59 +33,70 @@ TEST(Globals, NameHelpers) {
 TEST(Globals, ExtensionTest) {
     const struct {
         const char* name;
-        std::size_t slot;  // 0: defaults; below 20 a string slot, else a number slot
+        std::size_t slot;  // 0: defaults; a group's text, its switch or the group count
         const char* value;
         bool accepted;
     } cases[] = {
         // clang-format off
-        {"a.b.JPG", 0, "", true}, {"IMG_0001.jpeg", 0, "", true}, {"jpg", 0, "", true},
-        {"TIFF", 0, "", true}, {"foo.", 0, "", false}, {"foo.txt", 0, "", false},
-        {"jpg.", 0, "", false}, {"", 0, "", false}, {"foo.", 2, "JPEG:jpg;;", false},
-        {"a.jpg", 2, "JPEG:jpg;;", true}, {"pict", 1, "PICT", false}, {"a.pic", 1, "PICT", false},
-        {"a.pic", 1, "PICT:pic:xyz", true}, {"a.xyz", 1, "PICT:pic:xyz", false},
-        {"x.psd", 25, "0", false}, {"x.psd", 25, "2", false}, {"x.jpg", 20, "2", true},
-        {"x.gif", 20, "2", false}, {"x.jpg", 20, "-5", false}, {"x.tif", 20, "1000000", true},
+        {"a.b.JPG", 0, "", true}, {"jpg", 0, "", true}, {"TIFF", 0, "", true},
+        {"foo.", 0, "", false}, {"foo.txt", 0, "", false}, {"", 0, "", false},
+        {"foo.", pref::SGroup(2), "JPEG:jpg;;", false}, {"a.pic", pref::SGroup(1), "PICT", false},
+        {"a.pic", pref::SGroup(1), "PICT:pic:xyz", true}, {"a.xyz", pref::SGroup(1), "PICT:pic:xyz", false},
+        {"x.psd", pref::GroupSwitch(5), "2", false}, {"x.jpg", pref::kGroupCount, "2", true},
+        {"x.gif", pref::kGroupCount, "2", false}, {"x.jpg", pref::kGroupCount, "-5", false},
+        {"x.tif", pref::kGroupCount, "1000000", true},
+        {"x.\xC3\x89", pref::SGroup(1), "PICT:\xC3\xA9", false},  // only ASCII letters fold
         // clang-format on
     };
     for (const auto& c : cases) {
         Settings s;
         s.InitAll();
-        if (c.slot >= 20) s.gPref[c.slot] = std::stoll(c.value);
-        if (c.slot > 0 && c.slot < 20) s.gPrefS[c.slot] = c.value;
-        EXPECT_EQ(gChkGxExt(s, c.name), c.accepted) << c.name << " " << c.value;
+        if (c.slot >= pref::kGroupCount) s.gPref[c.slot] = std::stoll(c.value);
+        if (c.slot > 0 && c.slot < pref::kGroupCount) s.gPrefS[c.slot] = c.value;
         EXPECT_EQ(gChkGx(s, "JPEG", c.name), c.accepted) << c.name << " " << c.value;
     }
     // The scan workers' filter is a copy, blind to later changes.
     Settings s;
     s.InitAll();
     const ExtensionFilter filter(s);
-    s.gPref[22] = 0;  // JPEG group off after the copy was taken
+    s.gPref[pref::GroupSwitch(2)] = 0;  // JPEG group off after the copy was taken
     EXPECT_TRUE(filter.Accepts("a.JPG"));
-    EXPECT_FALSE(gChkGxExt(s, "a.JPG"));
-    EXPECT_FALSE(ExtensionFilter().Accepts("a.jpg"));
+    EXPECT_FALSE(gChkGx(s, "JPEG", "a.JPG"));
 }
 
-TEST(Globals, BinaryValuesColoursAndCase) {
-    EXPECT_EQ(gBinToInt(""), 0u);
-    EXPECT_EQ(gBinToInt(std::string("\x01\x02", 2)), 0x0102u);
-    EXPECT_EQ(gBinToInt("\xFF\xFF\xFF\xFF"), 0xFFFFFFFFu);
-    EXPECT_EQ(gBinToInt(std::string("\x01\0\0\0\0\0\0\0\x02", 9)), 2u);  // wraps
+// The masks of the report's common lines are tested with the report; these are the rest.
+TEST(NumberFormat, MasksUsedByTheProgram) {
+    const double inf = std::numeric_limits<double>::infinity();
     const struct {
-        std::uint64_t value;
-        unsigned start, length;
-        std::uint64_t expected;
-    } bits[] = {{0b101100, 2, 3, 0b011},        {0xF0, 4, 4, 0xF},    {0xF0, 0, 4, 0},
-                {~0ull, 0, 64, ~0ull},          {~0ull, 60, 10, 0xF}, {~0ull, 64, 1, 0},
-                {0x8000000000000000, 63, 1, 1}, {0x1234, 3, 0, 0}};
-    for (const auto& c : bits)
-        EXPECT_EQ(gBitR(c.value, c.start, c.length), c.expected) << c.start << "," << c.length;
-    for (const Color c : {Color{0, 0, 0}, Color{1, 2, 3}, Color{255, 255, 255}})
-        EXPECT_EQ(gClrItoC(gClrCtoI(c)), c);
-    EXPECT_EQ(gClrCtoI(Color{0x12, 0x34, 0x56}), 0x123456);
-    EXPECT_EQ(gClrItoC(0x7F123456), (Color{0x12, 0x34, 0x56}));
-    EXPECT_EQ(gClrItoC(-1), (Color{255, 255, 255}));
-    EXPECT_TRUE(gHoldsNoCase("<key>cfbundleIDENTIFIER</key>", "CFBundleIdentifier"));
-    EXPECT_FALSE(gEqualNoCase("\xC3\xA9", "\xC3\x89"));  // only ASCII letters fold
+        double value;
+        const char *mask, *expect;
+    } cases[] = {
+        // clang-format off
+        {4, "###.0", "4.0"}, {2.97, "###.0#", "2.97"}, {3, "###.0#", "3.0"}, {-0.001, "-###.00", "0.00"},
+        {1234567.0, "#####", "1234567"}, {12.5, "#####", "13"}, {-5, "#####", "-5"},
+        {1.0 / 3, "#####.####", "0.3333"}, {7, "0000", "0007"}, {-inf, "###.0", "-INF"},
+        {std::nan(""), "##", "NAN"},
+        // clang-format on
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(Format(c.value, c.mask), c.expect) << c.value << " " << c.mask;
+    // 309 digits and ".00"
+    EXPECT_EQ(Format(std::numeric_limits<double>::max(), "-###.00").size(), 312u);
+}
+
+TEST(NumberFormat, DefaultForm) {
+    EXPECT_EQ(DefaultText(-0.0) + " " + DefaultText(1e300) + " " + DefaultText(4294967295.0),
+              "0 1e+300 4294967295");
+    EXPECT_EQ(std::stod(DefaultText(35.658166666666666)), 35.658166666666666);
+}
+
+// Plain Latin-1 text is tested with the report; these are the sequences UTF-8 forbids.
+TEST(DisplayText, Utf8OrLatin1) {
+    EXPECT_TRUE(IsValidUtf8("日本 caf\xc3\xa9"));
+    // overlong, surrogate, cut short
+    for (const char* bad : {"\xc0\xaf", "\xed\xa0\x80", "\xe6\x97"})
+        EXPECT_EQ(DisplayText(bad), Latin1ToUtf8(bad)) << bad;
+    EXPECT_EQ(DisplayText(std::string("01\0\0", 4)), "01");
 }
 
 }  // namespace

@@ -1,21 +1,18 @@
 #include "core/PrefFile.h"
 
 #include <gtest/gtest.h>
-#include <pwd.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
 #include <limits>
-#include <numeric>
-#include <tuple>
+#include <vector>
 
 #include "ScratchDir.h"
+#include "core/Settings.h"
 
 namespace fs = std::filesystem;
 
@@ -23,6 +20,7 @@ namespace lumivex {
 namespace {
 
 constexpr std::int64_t kHighlight = 0x123456;
+constexpr std::size_t kUntouched = 1;  // a reserved slot that takes any value
 
 using fixtures::ScratchDir;
 
@@ -35,11 +33,11 @@ std::string U32(std::uint32_t v) {
 }
 
 // A settings file with the given header; strings 17 to 19 in the old long form when asked.
-std::string PrefBytes(std::string_view header, const std::vector<std::int64_t>& ints,
-                      const std::vector<std::string>& strs, bool longForm) {
+std::string PrefBytes(std::string_view header, const std::vector<std::string>& ints,
+                      const std::vector<std::string>& strs, bool longForm = false) {
     std::string out = Pascal(header) + U32(static_cast<std::uint32_t>(ints.size()));
-    for (const std::int64_t v : ints)
-        out += Pascal(std::to_string(v));
+    for (const std::string& v : ints)
+        out += Pascal(v);
     out += U32(static_cast<std::uint32_t>(strs.size()));
     for (std::size_t i = 0; i < strs.size(); ++i) {
         const bool isLong = longForm && i >= 17 && i <= 19;
@@ -60,15 +58,19 @@ Settings Defaults() {
 
 // n strings "<prefix><index>".
 std::vector<std::string> Strs(std::size_t n, const std::string& prefix) {
-    std::vector<std::string> v(n);
+    std::vector<std::string> v(n, prefix);
     for (std::size_t i = 0; i < n; ++i)
-        v[i] = prefix + std::to_string(i);
+        v[i] += std::to_string(i);
     return v;
 }
 
 TEST(PrefFile, LoadsEveryLayout) {
+    using namespace pref;
     // Slots that the old layouts lack or that their migration touches.
-    constexpr std::size_t kSlots[] = {5, 6, 8, 42, 45, 50, 51, 52, 53, 54};
+    constexpr std::size_t kSlots[] = {kSelectionColor,   kFolderNameColor, kListBackColor,
+                                      kFrameTop,         kDividerLeft,     kGoogleEarthAllowed,
+                                      kGoogleEarthRange, kGoogleEarthTilt, kGoogleEarthHeading,
+                                      kGoogleEarthSpeed};
     const struct {
         const char* header;
         bool longForm;  // strings 17 to 19 with a 32-bit length
@@ -78,20 +80,20 @@ TEST(PrefFile, LoadsEveryLayout) {
         // clang-format off
         {"pref",  true,  20,  {kHighlight, 0xFF, 0xD7DDE5, 100, 200, 1, 2000, 0, 0, 2}},
         {"pref2", true,  20,  {111, 222, 0xD7DDE5, 100, 200, 1, 2000, 0, 0, 2}},
-        {"pref3", true,  150, {111, 222, 0xD7DDE5, 150, 200, 7, 7, 7, 7, 7}},
-        {"PREF3", true,  20,  {111, 222, 0xD7DDE5, 100, 200, 7, 7, 7, 7, 7}},
-        {"zzz",   true,  20,  {111, 222, 333, 20, 50, 7, 7, 7, 7, 7}},
-        {"pref4", false, 20,  {111, 222, 333, 20, 50, 7, 7, 7, 7, 7}},
+        {"pref3", true,  150, {111, 222, 0xD7DDE5, 150, 200, 0, 7, 7, 7, 7}},
+        {"PREF3", true,  20,  {111, 222, 0xD7DDE5, 100, 200, 0, 7, 7, 7, 7}},
+        {"zzz",   true,  20,  {111, 222, 333, 20, 50, 0, 7, 7, 7, 7}},
+        {"pref4", false, 20,  {111, 222, 333, 20, 50, 0, 7, 7, 7, 7}},
         // clang-format on
     };
     for (const auto& c : cases) {
-        std::vector<std::int64_t> ints(101);
-        std::iota(ints.begin(), ints.end(), 1000);
+        std::vector<std::string> ints(101, "1");
         std::vector<std::string> strs = Strs(51, "s");
-        ints[0] = 100;
-        const std::int64_t stored[] = {111, 222, 333, c.storedTop, 50, 7, 7, 7, 7, 7};
+        ints[kLastIndex] = "100";
+        ints[kUntouched] = "1009";
+        const std::int64_t stored[] = {111, 222, 333, c.storedTop, 50, 0, 7, 7, 7, 7};
         for (std::size_t k = 0; k < 10; ++k)
-            ints[kSlots[k]] = stored[k];
+            ints[kSlots[k]] = std::to_string(stored[k]);
         if (c.longForm) strs[18] = std::string(300, 'x');
         ScratchDir dir;
         WriteFile(dir.path() / "pref", PrefBytes(c.header, ints, strs, c.longForm));
@@ -99,7 +101,7 @@ TEST(PrefFile, LoadsEveryLayout) {
         ASSERT_EQ(PrefFile::LoadPref(s, dir.path(), kHighlight), LoadResult::Loaded);
         for (std::size_t k = 0; k < 10; ++k)
             EXPECT_EQ(s.gPref[kSlots[k]], c.expected[k]) << c.header << " slot " << kSlots[k];
-        EXPECT_EQ(s.gPref[7], 1007) << c.header;
+        EXPECT_EQ(s.gPref[kUntouched], 1009) << c.header;
         EXPECT_EQ(std::vector(s.gPrefS.begin(), s.gPrefS.end()), strs) << c.header;
     }
 }
@@ -112,21 +114,19 @@ TEST(PrefFile, RoundTripKeepsEveryValue) {
         mixed += "日";  // three bytes each
     // clang-format off
     const std::pair<std::string, std::size_t> cut[] = {{std::string(255, 'y'), 255},
-        {std::string(300, 'x'), 255}, {mixed, 253}, {std::string(300, '\xFF'), 255},
-        {mixed + "\xFF", 255}};
+        {mixed, 253}, {mixed + "\xFF", 255}};
     // clang-format on
     Settings a = Defaults();
-    for (std::size_t i = 1; i < a.gPref.size(); ++i)
-        a.gPref[i] = std::int64_t(i) * 7919 - 300000;
-    a.gPref[1] = std::numeric_limits<std::int64_t>::min();
-    a.gPref[2] = std::numeric_limits<std::int64_t>::max();
-    for (std::size_t i = 1; i < a.gPrefS.size(); ++i)
-        a.gPrefS[i] = "value " + std::to_string(i);
-    a.gPrefS[2] = "";
-    a.gPrefS[3] = "/opt/アプリ/googleearth";
-    a.gPrefS[4] = std::string("\0\xFF\x80 raw", 7);
+    for (std::size_t i = 1; i < a.gPref.size(); ++i) {  // both ends of every allowed range
+        const PrefTable::Int& row = PrefTable::IntRow(i);
+        a.gPref[i] = i % 2 != 0 ? row.min : row.max;
+    }
+    std::copy_n(Strs(a.gPrefS.size(), "value ").begin(), a.gPrefS.size(), a.gPrefS.begin());
+    a.gPrefS[pref::kSLastIndex] = "50";
+    a.gPrefS[pref::SGroup(2)] = "";
+    a.gPrefS[pref::kSGoogleEarthApp] = std::string("/opt/アプリ/\0\xFF\x80 raw", 23);
     for (std::size_t k = 0; k < std::size(cut); ++k)
-        a.gPrefS[10 + k] = cut[k].first;
+        a.gPrefS[pref::SGroup(3 + k)] = cut[k].first;
     ScratchDir dir;
     const fs::path folder = dir.path() / "Lumivex初期設定";
     fs::create_directory(folder);
@@ -136,15 +136,46 @@ TEST(PrefFile, RoundTripKeepsEveryValue) {
     b.InitAll(0);
     ASSERT_EQ(PrefFile::LoadPref(b, folder), LoadResult::Loaded);
     for (std::size_t k = 0; k < std::size(cut); ++k)
-        a.gPrefS[10 + k] = cut[k].first.substr(0, cut[k].second);
+        a.gPrefS[pref::SGroup(3 + k)] = cut[k].first.substr(0, cut[k].second);
     EXPECT_EQ(b.gPref, a.gPref);
     EXPECT_EQ(b.gPrefS, a.gPrefS);
     EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1);
 }
 
+// A value outside what the program could have written comes back as the default, so that no
+// window or dialog meets it; the ends of each range stay as they are.
+TEST(PrefFile, OutOfRangeValuesGetTheirDefaults) {
+    using namespace pref;
+    const struct {
+        std::size_t slot;
+        const char* stored;
+        std::int64_t loaded;
+    } cases[] = {
+        // clang-format off
+        {kFrameLeft, "2147483000", 0}, {kFrameTop, "2147483647", 0}, {kFrameWidth, "-1", 0},
+        {kFrameHeight, "100000", 100000}, {kDividerLeft, "9e18", 200},
+        {kThumbBackColor, "16777216", 0xFFFFC0}, {kListBackColor, "16777215", 0xFFFFFF},
+        {kSelectionColor, "-1", kHighlight}, {kBeepOnCaution, "2", 1}, {kEjectAtQuit, "-1", 0},
+        {GroupSwitch(9), "7", 1}, {kGroupCount, "10", 6}, {kPrefsPage, "6", 0}, {kVolumeMode, "2", 2},
+        {kGoogleEarthSpeed, "61", 2}, {kGoogleEarthTilt, "-361", 0}, {kGoogleEarthHeading, "-360", -360},
+        {kLastIndex, "101", 100}, {kUntouched, "-9223372036854775808", std::numeric_limits<std::int64_t>::min()},
+        // clang-format on
+    };
+    std::vector<std::string> ints;
+    for (const std::int64_t v : Defaults().gPref)
+        ints.push_back(std::to_string(v));
+    for (const auto& c : cases)
+        ints[c.slot] = c.stored;
+    ScratchDir dir;
+    WriteFile(dir.path() / "pref", PrefBytes("pref4", ints, {}));
+    Settings s = Defaults();
+    ASSERT_EQ(PrefFile::LoadPref(s, dir.path(), kHighlight), LoadResult::Loaded);
+    for (const auto& c : cases)
+        EXPECT_EQ(s.gPref[c.slot], c.loaded) << c.slot << " " << c.stored;
+}
+
 TEST(PrefFile, DamagedFilesKeepDefaultsBeyondTheDamage) {
-    std::vector<std::int64_t> many(300);
-    std::iota(many.begin(), many.end(), 5);
+    const std::vector<std::string> many(300, "1");  // in range for every slot
     const std::vector<std::string> manyStrs = Strs(80, "v");
     const std::string p4 = Pascal("pref4");
     std::string oldCut = Pascal("pref3") + U32(1) + Pascal("100") + U32(51);
@@ -157,22 +188,20 @@ TEST(PrefFile, DamagedFilesKeepDefaultsBeyondTheDamage) {
         std::function<void(Settings&)> expect;  // what the file changes in the defaults
     } cases[] = {
         // clang-format off
-        {"empty file", "", [](Settings&) {}},
         {"header cut", "\x10pre", [](Settings&) {}},
-        {"header only", p4, [](Settings&) {}},
-        {"huge int count", p4 + U32(~0u) + Pascal("100") + Pascal("5") + Pascal("77"),
-         [](Settings& e) { e.gPref[1] = 5, e.gPref[2] = 77; }},
+        {"huge int count", p4 + U32(~0u) + Pascal("100") + Pascal("5") + Pascal("1"),
+         [](Settings& e) { e.gPref[kUntouched] = 5, e.gPref[pref::kKeepExpert] = 1; }},
         // The cut-off rest would read as a string count and a string if reading went on.
         {"cut inside an int",
          p4 + U32(101) + Pascal("100") + Pascal("9") + std::string("\x20\0\0\0\x02zz", 7),
-         [](Settings& e) { e.gPref[1] = 9; }},
+         [](Settings& e) { e.gPref[kUntouched] = 9; }},
         {"huge string count", p4 + U32(1) + Pascal("100") + U32(~0u) + Pascal("50") + Pascal("X:a"),
-         [](Settings& e) { e.gPrefS[1] = "X:a"; }},
+         [](Settings& e) { e.gPrefS[pref::SGroup(1)] = "X:a"; }},
         {"old long string past the end", oldCut, [](Settings& e) {
              std::fill_n(e.gPrefS.begin(), 17, std::string(1, 'o'));
-             e.gPref[42] = 100; }},  // the old layout's migration still runs
-        {"counts beyond the tables", PrefBytes("pref4", many, manyStrs, false), [&](Settings& e) {
-             std::copy_n(many.begin(), e.gPref.size(), e.gPref.begin());
+             e.gPref[pref::kFrameTop] = 100; }},  // the old layout's migration still runs
+        {"counts beyond the tables", PrefBytes("pref4", many, manyStrs), [&](Settings& e) {
+             e.gPref.fill(1);
              std::copy_n(manyStrs.begin(), e.gPrefS.size(), e.gPrefS.begin()); }},
         // clang-format on
     };
@@ -188,42 +217,31 @@ TEST(PrefFile, DamagedFilesKeepDefaultsBeyondTheDamage) {
     }
 }
 
-TEST(PrefFile, MissingOrUnusableFilesAndFolders) {
+// A first start (folder made) and a missing file are tested with the whole program.
+TEST(PrefFile, UnusableFilesAndFolders) {
     const struct {
         const char* what;
         fs::path (*setup)(const fs::path&);  // returns the settings folder
-        LoadResult load;
         bool saved;
     } cases[] = {
         // clang-format off
-        {"missing folder", [](const fs::path& d) { return d / "a" / "Lumivex初期設定"; },
-         LoadResult::FolderCreated, false},
-        {"no file", [](const fs::path& d) { return d; }, LoadResult::NoFile, true},
-        {"pref is a folder", [](const fs::path& d) {
-             fs::create_directories(d / "pref" / "inside"); return d; },
-         LoadResult::Unreadable, false},
-        {"pref is a fifo", [](const fs::path& d) { mkfifo((d / "pref").c_str(), 0600); return d; },
-         LoadResult::Unreadable, true},
-        {"folder is a file", [](const fs::path& d) { WriteFile(d / "f", "x"); return d / "f"; },
-         LoadResult::Unreadable, false},
+        {"pref is a folder", [](const fs::path& d) { fs::create_directories(d / "pref" / "in"); return d; }, false},
+        {"pref is a fifo", [](const fs::path& d) { mkfifo((d / "pref").c_str(), 0600); return d; }, true},
+        {"folder is a file", [](const fs::path& d) { WriteFile(d / "f", "x"); return d / "f"; }, false},
+        {"folder missing", [](const fs::path& d) { return d / "none"; }, false},
         // clang-format on
     };
     for (const auto& c : cases) {
         ScratchDir dir;
         const fs::path folder = c.setup(dir.path());
         Settings s = Defaults();
-        EXPECT_EQ(PrefFile::LoadPref(s, folder), c.load) << c.what;
-        EXPECT_EQ(s.gPref, Defaults().gPref) << c.what;
-        if (c.load == LoadResult::FolderCreated) {
-            EXPECT_TRUE(fs::is_directory(folder));
-            fs::remove(folder);  // a save into a missing folder writes nothing
-        }
+        const bool missing = !fs::exists(folder);
+        EXPECT_EQ(missing ? LoadResult::Unreadable : PrefFile::LoadPref(s, folder),
+                  LoadResult::Unreadable)
+            << c.what;
         EXPECT_EQ(PrefFile::SavePref(s, folder), c.saved) << c.what;
-        EXPECT_EQ(fs::exists(folder), c.load != LoadResult::FolderCreated) << c.what;
-        if (fs::is_directory(folder)) {  // no temporary file is ever left behind
-            for (const auto& entry : fs::directory_iterator(folder))
-                EXPECT_EQ(entry.path().filename(), "pref") << c.what;
-        }
+        EXPECT_EQ(fs::exists(folder), !missing) << c.what;
+        EXPECT_EQ(c.saved ? std::distance(fs::directory_iterator(folder), {}) : 1, 1) << c.what;
     }
 }
 
@@ -242,26 +260,6 @@ TEST(PrefFile, ValReadsTheLeadingNumber) {
     // clang-format on
     for (const auto& [text, value] : cases)
         EXPECT_EQ(PrefFile::Val(text), value) << text;
-}
-
-TEST(PrefFile, DefaultFolderFollowsTheEnvironment) {
-    const auto env = [](const char* name) {
-        return std::string(std::getenv(name) ? std::getenv(name) : "");
-    };
-    const std::string xdgBack = env("XDG_CONFIG_HOME"), homeBack = env("HOME");
-    const passwd* pw = getpwuid(getuid());
-    // clang-format off
-    const std::tuple<const char*, const char*, fs::path> cases[] = {
-        {"/x/cfg", "/h", "/x/cfg"}, {"", "/h", "/h/.config"}, {"rel/cfg", "/h", "/h/.config"},
-        {nullptr, "/h", "/h/.config"}, {nullptr, nullptr, fs::path(pw ? pw->pw_dir : "") / ".config"}};
-    // clang-format on
-    for (const auto& [xdg, home, base] : cases) {
-        xdg ? setenv("XDG_CONFIG_HOME", xdg, 1) : unsetenv("XDG_CONFIG_HOME");
-        home ? setenv("HOME", home, 1) : unsetenv("HOME");
-        EXPECT_EQ(PrefFile::DefaultFolder(), base / "Lumivex初期設定") << (xdg ? xdg : "-");
-    }
-    xdgBack.empty() ? unsetenv("XDG_CONFIG_HOME") : setenv("XDG_CONFIG_HOME", xdgBack.c_str(), 1);
-    homeBack.empty() ? unsetenv("HOME") : setenv("HOME", homeBack.c_str(), 1);
 }
 
 }  // namespace

@@ -91,7 +91,7 @@ TEST_F(ScanTest, NameOrderFilterAndSkips) {
     withPlaceholder.noThumb = true;
     EXPECT_EQ(Items(withPlaceholder), (std::vector<std::string>{"Z.JPEG 48x24", "a.jpg 32x24",
                                                                 "b.JPG 40x24", "d.jpg 160x120"}));
-    prefs_.gPref[22] = 0;
+    prefs_.gPref[pref::GroupSwitch(2)] = 0;
     EXPECT_EQ(Items(Options()), std::vector<std::string>());
 }
 

@@ -31,7 +31,7 @@ class SidebarViewTest : public ::testing::Test {
         ::setenv("HOME", home_.Str().c_str(), 1);  // the Desktop listed is home_'s
         ::setenv("XDG_CONFIG_HOME", home_.Str("config").c_str(), 1);
         prefs_.InitAll();
-        prefs_.gPref[6] = 0x00AA33;
+        prefs_.gPref[pref::kFolderNameColor] = 0x00AA33;
         view_ = std::make_unique<SidebarView>(prefs_);
         view_->resize(240, 600);
         view_->show();
