@@ -28,12 +28,13 @@ fail() {
     failures=$((failures + 1))
 }
 
-# Everything lands in the places the desktop looks at, nothing else (no test programs, no
+# The two programs and the files the desktop looks at, nothing else (no test programs, no
 # headers, nothing under /usr/local).
 while IFS= read -r f; do
     case $f in
-        usr/bin/* | usr/share/applications/* | usr/share/icons/hicolor/* | \
-            usr/share/lumivex-plus/* | usr/share/man/man1/* | usr/share/metainfo/*) ;;
+        usr/bin/lumivex | usr/bin/lumivex-plus | usr/share/applications/* | \
+            usr/share/icons/hicolor/* | usr/share/lumivex-plus/* | usr/share/man/man1/* | \
+            usr/share/metainfo/*) ;;
         *) fail "unexpected file $f" ;;
     esac
 done < <(cd "$root" && find . -type f -printf '%P\n')
