@@ -6,6 +6,8 @@ LUMIVEX_PACKAGES=(
     clang-format
     qt6-base-dev qt6-base-dev-tools qt6-svg-dev libqt6svg6 qt6-image-formats-plugins
     fonts-noto-cjk
+    # the icon sizes (rsvg-convert), the Debian package, the desktop-file validators
+    librsvg2-bin dpkg-dev desktop-file-utils appstream
 )
 # What scripts/run needs to show the program on a machine without a display.
 LUMIVEX_HEADLESS_PACKAGES=(xvfb xauth x11-utils xdotool imagemagick)

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QIcon>
 #include <QSocketNotifier>
 #include <QTimer>
 #include <csignal>
@@ -18,6 +19,7 @@
 #include "app/ConsolePrompter.h"
 #include "browser/MainWindow.h"
 #include "browser/QtPrompter.h"
+#include "core/AppId.h"
 #include "core/HeapTuning.h"
 #include "core/Version.h"
 #include "platform/ReadyNotice.h"
@@ -101,6 +103,10 @@ int main(int argc, char** argv) {
     QApplication qapp(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lumivex Plus"));
     QApplication::setApplicationVersion(QString::fromUtf8(lumivex::kVersionString));
+    // The desktop file's name ties the window to its menu entry and icon (Wayland's app id).
+    QGuiApplication::setDesktopFileName(QString::fromUtf8(lumivex::kAppId));
+    Q_INIT_RESOURCE(resources);
+    QApplication::setWindowIcon(QIcon(QString::fromUtf8(lumivex::kAppIconResource)));
     QApplication::setQuitOnLastWindowClosed(true);
 
     // QApplication has taken its own options (-platform, -style, ...) out by now.
