@@ -1,10 +1,14 @@
 #include "browser/WindowFrame.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <QSplitter>
 #include <algorithm>
 #include <cstdint>
+#include <vector>
 
 #include "core/Settings.h"
+#include "model/FrameFit.h"
 #include "model/GridLayout.h"
 
 namespace lumivex {
@@ -22,11 +26,19 @@ WindowFrame::WindowFrame(QWidget& window, QSplitter& split, QWidget& canvas, int
 
 void WindowFrame::Restore(const Settings& prefs) {
     const auto& p = prefs.gPref;
-    window_.move(Stored(p[pref::kFrameLeft], 0, window_.x()),
-                 Stored(p[pref::kFrameTop], 0, window_.y()));
     const QSize least = window_.minimumSize();
-    window_.resize(Stored(p[pref::kFrameWidth], least.width(), window_.width()),
-                   Stored(p[pref::kFrameHeight], least.height(), window_.height()));
+    const FrameRect stored{Stored(p[pref::kFrameLeft], 0, window_.x()),
+                           Stored(p[pref::kFrameTop], 0, window_.y()),
+                           Stored(p[pref::kFrameWidth], least.width(), window_.width()),
+                           Stored(p[pref::kFrameHeight], least.height(), window_.height())};
+    std::vector<FrameRect> screens;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const QRect a = screen->availableGeometry();
+        screens.push_back({a.x(), a.y(), a.width(), a.height()});
+    }
+    const FrameRect frame = FitFrameOnScreens(stored, screens);
+    window_.move(frame.x, frame.y);
+    window_.resize(frame.w, frame.h);
     ResizeSeparatePos(static_cast<int>(p[pref::kDividerLeft]));
 }
 

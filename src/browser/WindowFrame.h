@@ -1,7 +1,7 @@
 #pragma once
 // The main window's frame and divider as the settings keep them: the left and top edges,
 // the size, and the canvas's left edge (which places the divider). A frame below the
-// minimum size comes back at the minimum.
+// minimum size comes back at the minimum, and one off every screen comes back onto one.
 class QSplitter;
 class QWidget;
 
