@@ -67,8 +67,9 @@ void InfoCommand::AppendText(const std::string& file, const ExifReader& x, std::
         out += "Exif情報がありません。\n\n";
         return;
     }
-    for (const std::string& text :
-         {x.GetInfo1(), x.GetInfo2(), x.GetInfo3(), x.GetInfo4(), x.GetInfo5(), x.GetInfo6()}) {
+    std::string texts[6];
+    x.GetInfo(texts[0], texts[1], texts[2], texts[3], texts[4], texts[5]);
+    for (const std::string& text : texts) {
         AppendLines(out, text);
         out += '\n';
     }
@@ -107,10 +108,8 @@ int InfoCommand::Run(const std::vector<std::string>& args, std::FILE* out, std::
         [&](unsigned worker, std::size_t i, FileResult& r) {
             ExifReader& x = readers[worker];
             x.fitem = files[i];
-            x.InitVal();
-            x.ret = x.LoadFile();
-            r.opened = x.Source().IsOpen();
-            x.Source().Close();
+            x.GetExif();
+            r.opened = x.Opened();
             r.text.clear();
             if (asJson) {
                 AppendJson(files[i], x, r.text);

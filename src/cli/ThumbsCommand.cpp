@@ -100,12 +100,9 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
             }
             ExifReader& x = readers[w];
             x.fitem = o.folder / names[i];
-            x.InitVal();
-            const bool loaded = x.LoadFile();
-            const auto block = loaded ? x.EmbeddedThumbnail() : std::nullopt;
-            x.Source().Close();
+            const auto block = x.ReadThumbnailBlock();
             if (!block) {
-                r.why = SkipReasonText(loaded ? SkipReason::NoThumbnail : SkipReason::NoExif);
+                r.why = SkipReasonText(x.ret ? SkipReason::NoThumbnail : SkipReason::NoExif);
                 return;
             }
             switch (OutputFile::CreateNewIn(outFd, block->suggestedName.c_str(), block->bytes)) {

@@ -188,7 +188,7 @@ ScanStats FolderScan::Run(const ItemHandler& onItem, const SkipHandler& onSkip) 
     }
     helpers.clear();
     for (ExifReader& x : readers)
-        stats.bytesRead += x.Source().BytesRead();
+        stats.bytesRead += x.BytesRead();
     return stats;
 }
 

@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "ExifTestSupport.h"
+#include "exif/ByteDecoder.h"
 
 namespace lumivex::test {
 namespace {
@@ -103,14 +104,15 @@ TEST(DirectoryReader, StoredValuesInBothByteOrders) {
 // The files above run the decoders of value fields in both orders; left here is what they do
 // not reach: an unknown order, a size of three, and the signed fold.
 TEST(DirectoryReader, InlineDecodersOnOddInput) {
-    EXPECT_EQ(ExifReader::ByteOrder(0x5858, 4, 1, 2, 3, 4), 0u);
-    EXPECT_EQ(ExifReader::ByteOrder(ExifReader::kLittleEndian, 3, 1, 2, 3, 4), 0u);
-    EXPECT_EQ(ExifReader::ByteToASCIIe2(0x30323330, 0), "");
+    EXPECT_EQ(ByteDecoder::ByteOrder(0x5858, 4, 1, 2, 3, 4), 0u);
+    EXPECT_EQ(ByteDecoder::ByteOrder(ByteDecoder::kLittleEndian, 3, 1, 2, 3, 4), 0u);
+    EXPECT_EQ(ByteDecoder::ByteToASCIIe2(0x30323330, 0), "");
     std::int64_t first = 7, second = 8;
-    ExifReader::ByteToShortR(0x01020304, 0, first, second);  // unknown order leaves them
+    ByteDecoder::ByteToShortR(0x01020304, 0, first, second);  // unknown order leaves them
     EXPECT_EQ(first, 7);
     EXPECT_EQ(second, 8);
-    EXPECT_EQ(ExifReader::ByteOrderS(ExifReader::kLittleEndian, 0xFF, 0xFF, 0xFF, 0x12), 0xFFFFFFu);
+    EXPECT_EQ(ByteDecoder::ByteOrderS(ByteDecoder::kLittleEndian, 0xFF, 0xFF, 0xFF, 0x12),
+              0xFFFFFFu);
 }
 
 }  // namespace

@@ -57,9 +57,7 @@ void RunLikeFuzzer(const Bytes& bytes, FuzzRun& r) {
         return std::nullopt;
     });
     r.saveRet = x.ret;
-    x.InitVal();
-    if (x.LoadFile())
-        if (const auto block = x.EmbeddedThumbnail()) r.embedded = block->bytes.size();
+    if (const auto block = x.ReadThumbnailBlock()) r.embedded = block->bytes.size();
 }
 
 std::string Text(const ExifDict& d, const char* key) {
