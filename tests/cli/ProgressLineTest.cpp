@@ -1,0 +1,52 @@
+// The progress line: only on a terminal and for a long job, at most ten redraws a second,
+// always the last count, and a clean line for what follows.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <pty.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <string>
+
+#include "cli/ProgressLine.h"
+
+namespace lumivex {
+namespace {
+
+TEST(ProgressLine, OnATerminalForLongJobsOnly) {
+    int master = -1, slave = -1;
+    ASSERT_EQ(::openpty(&master, &slave, nullptr, nullptr, nullptr), 0);
+    ::fcntl(master, F_SETFL, O_NONBLOCK);  // nothing written reads as nothing
+    std::FILE* tty = ::fdopen(slave, "w");
+    std::FILE* file = std::tmpfile();
+    const struct {
+        std::FILE* to;
+        std::size_t total;
+        const char* expect;
+    } cases[] = {
+        {tty, 1000, "\r読み込み中... 1/1000\r読み込み中... 1000/1000\r\033[K"},
+        {tty, 199, ""},
+        {file, 1000, ""},
+    };
+    for (const auto& c : cases) {
+        {
+            ProgressLine line(c.to, "読み込み中...", c.total);
+            for (const std::size_t done : {std::size_t{1}, std::size_t{2}, std::size_t{3}, c.total})
+                line.Update(done);  // far quicker than a tenth of a second
+        }
+        std::fflush(c.to);
+        std::string got(4096, '\0');
+        const ssize_t n = c.to == tty ? ::read(master, got.data(), got.size()) : 0;
+        got.resize(n > 0 ? static_cast<std::size_t>(n) : 0);
+        EXPECT_EQ(got, c.expect) << c.total;
+        if (c.to == file) {
+            EXPECT_EQ(std::ftell(file), 0);
+        }
+    }
+    std::fclose(tty);
+    std::fclose(file);
+    ::close(master);
+}
+
+}  // namespace
+}  // namespace lumivex
