@@ -24,7 +24,7 @@ TEST(CommandLine, SwitchesOptionsAndOperands) {
         {{"-"}, true, "", "-"},
         {{}, false, "", ""},
         {{"a", "b"}, false, "", ""},
-        {{"--verbose", "card"}, false, "", ""},
+        {{"--verbose"}, false, "", ""},
         {{"card", "--out"}, false, "", ""},
     };
     for (const auto& c : cases) {
