@@ -106,7 +106,6 @@ TEST(ContainerWalk, FilesThatCannotBeRead) {
 // A file is read in stretches: a first read, the head grown once, pages and blocks beyond.
 // Whatever comes out must be what the same bytes give from memory, wherever the values lie.
 TEST(ContainerWalk, FileReadsMatchMemoryWhereverValuesLie) {
-    fixtures::ScratchDir dir("lvx-walk");
     struct Case {
         std::size_t text;                // a description this long pushes everything after it along
         std::optional<std::size_t> cut;  // inside the thumbnail
@@ -123,21 +122,12 @@ TEST(ContainerWalk, FileReadsMatchMemoryWhereverValuesLie) {
             b.Gps().Ascii(0x0001, "N");
             b.JpegThumbnail(160, 120).MainImage(300000);
             if (c.cut) b.TruncateAt(*c.cut);
-            const auto file = dir.path() / "f.jpg";
-            b.Write(file);
-            ExifReader fromFile, fromMemory;
-            fromFile.fitem = file;
             const Bytes bytes = b.Build();
-            fromMemory.fbytes = bytes;
-            fromFile.GetExif();
-            fromMemory.GetExif();
-            ASSERT_EQ(fromFile.ret, fromMemory.ret);
-            EXPECT_EQ(Infos(fromFile), Infos(fromMemory));
-            fromFile.GetThumbNail();
-            fromMemory.GetThumbNail();
-            EXPECT_TRUE(fromFile.ret || c.cut);
-            EXPECT_EQ(fromFile.ret, fromMemory.ret);
-            EXPECT_EQ(fromFile.Thumbnail, fromMemory.Thumbnail);
+            FuzzTarget(bytes);  // compares the file with its bytes in memory
+            ExifReader x;
+            x.fbytes = bytes;
+            x.GetThumbNail();
+            EXPECT_TRUE(x.ret || c.cut);
         }
     }
 }

@@ -11,6 +11,9 @@
 #include "ExifJpegBuilder.h"
 #include "exif/ExifReader.h"
 
+// The fuzz target, linked in: every bound it checks aborts the test when broken.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
 namespace lumivex::test {
 
 using Bytes = std::vector<std::uint8_t>;
@@ -28,6 +31,11 @@ class Loaded {
   private:
     Bytes bytes_;
 };
+
+// Runs the bytes through every entry point as the fuzzer does, from memory and from a file.
+inline void FuzzTarget(const std::vector<std::uint8_t>& bytes) {
+    LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
+}
 
 // Stored values by kind: whole number, number, text.
 inline const auto I = [](std::int64_t v) { return ExifValue(v); };
