@@ -54,12 +54,6 @@ inline fixtures::ExifJpegBuilder WithMake(fixtures::ByteOrder order = fixtures::
     return b;
 }
 
-inline std::array<std::string, 6> Infos(const ExifReader& x) {
-    std::array<std::string, 6> s;
-    x.GetInfo(s[0], s[1], s[2], s[3], s[4], s[5]);
-    return s;
-}
-
 // Each key holds exactly its value.
 inline void ExpectValues(const ExifDict& d, const Values& want, const std::string& what) {
     for (const auto& [key, value] : want) {
