@@ -1,17 +1,22 @@
 #include "cli/InfoCommand.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <string_view>
 #include <thread>
 
+#include "cli/CommandLine.h"
 #include "cli/JsonWriter.h"
-#include "cli/OrderedParallel.h"
 #include "core/DisplayText.h"
 #include "exif/ExifReader.h"
 #include "exif/ExifReport.h"
+#include "scan/OrderedParallel.h"
 
 namespace lumivex {
 namespace {
+
+// Reports are small; a longer look-ahead keeps the threads busy past a slow file.
+constexpr std::size_t kLookAhead = 64;
 
 void AppendDict(JsonWriter& json, const char* name, const ExifDict& dict) {
     json.Raw(",\"");
@@ -67,8 +72,9 @@ void InfoCommand::AppendText(const std::string& file, const ExifReader& x, std::
         out += "Exif情報がありません。\n\n";
         return;
     }
-    for (const std::string& text :
-         {x.GetInfo1(), x.GetInfo2(), x.GetInfo3(), x.GetInfo4(), x.GetInfo5(), x.GetInfo6()}) {
+    std::string texts[6];
+    x.GetInfo(texts[0], texts[1], texts[2], texts[3], texts[4], texts[5]);
+    for (const std::string& text : texts) {
         AppendLines(out, text);
         out += '\n';
     }
@@ -81,19 +87,11 @@ void InfoCommand::AppendText(const std::string& file, const ExifReader& x, std::
 }
 
 int InfoCommand::Run(const std::vector<std::string>& args, std::FILE* out, std::FILE* err) {
-    bool asJson = false;
-    std::vector<std::string> files;
-    for (const std::string& a : args) {
-        if (a == "--json") {
-            asJson = true;
-        } else {
-            files.push_back(a);
-        }
-    }
-    if (files.empty()) {
-        std::fputs("usage: lumivex info [--json] FILE...\n", err);
+    CommandLine line;
+    if (!line.Parse(args, {{"--json"}, {}, 1, SIZE_MAX, "lumivex info [--json] FILE..."}, err))
         return 2;
-    }
+    const bool asJson = line.Has("--json");
+    const std::vector<std::string>& files = line.Operands();
     struct FileResult {
         bool opened = false;
         std::string text;
@@ -103,14 +101,12 @@ int InfoCommand::Run(const std::vector<std::string>& args, std::FILE* out, std::
     int status = 0;
     std::string buffer;
     OrderedParallel<FileResult>::Run(
-        files.size(), threads,
+        files.size(), threads, kLookAhead,
         [&](unsigned worker, std::size_t i, FileResult& r) {
             ExifReader& x = readers[worker];
             x.fitem = files[i];
-            x.InitVal();
-            x.ret = x.LoadFile();
-            r.opened = x.Source().IsOpen();
-            x.Source().Close();
+            x.GetExif();
+            r.opened = x.Opened();
             r.text.clear();
             if (asJson) {
                 AppendJson(files[i], x, r.text);

@@ -3,25 +3,18 @@
 #include <chrono>
 
 #include "cli/CliSettings.h"
+#include "cli/CommandLine.h"
 #include "cli/ProgressLine.h"
 #include "scan/FolderScan.h"
 
 namespace lumivex {
 
 int ScanCommand::Run(const std::vector<std::string>& args, std::FILE* out, std::FILE* err) {
-    bool verbose = false;
-    std::vector<std::string> folders;
-    for (const auto& a : args) {
-        if (a == "--verbose") {
-            verbose = true;
-        } else {
-            folders.push_back(a);
-        }
-    }
-    if (folders.size() != 1) {
-        std::fputs("usage: lumivex scan [--verbose] FOLDER\n", err);
+    CommandLine line;
+    if (!line.Parse(args, {{"--verbose"}, {}, 1, 1, "lumivex scan [--verbose] FOLDER"}, err))
         return 2;
-    }
+    const bool verbose = line.Has("--verbose");
+    const std::vector<std::string>& folders = line.Operands();
     std::error_code ec;
     if (!std::filesystem::is_directory(folders[0], ec)) {
         std::fprintf(err, "lumivex: %s: フォルダが見つかりません。\n", folders[0].c_str());

@@ -7,12 +7,13 @@
 #include <thread>
 
 #include "cli/CliSettings.h"
-#include "cli/OrderedParallel.h"
+#include "cli/CommandLine.h"
 #include "cli/ProgressLine.h"
 #include "core/OutputFile.h"
 #include "exif/ExifReader.h"
 #include "scan/BatchExtractor.h"
 #include "scan/FolderScan.h"
+#include "scan/OrderedParallel.h"
 
 namespace lumivex {
 namespace {
@@ -29,30 +30,26 @@ void Summary(std::FILE* out, std::size_t entries, std::size_t written, std::size
 
 }  // namespace
 
-bool ThumbsCommand::Parse(const std::vector<std::string>& args, Options& o) {
-    std::vector<std::string> folders;
-    for (std::size_t i = 0; i < args.size(); ++i) {
-        if (args[i] == "--raw") {
-            o.raw = true;
-        } else if (args[i] == "--verbose") {
-            o.verbose = true;
-        } else if (args[i] == "--out" && i + 1 < args.size()) {
-            o.out = args[++i];
-        } else {
-            folders.push_back(args[i]);
-        }
-    }
-    if (folders.size() != 1) return false;
-    o.folder = folders[0];
+bool ThumbsCommand::Parse(const std::vector<std::string>& args, Options& o, std::FILE* err) {
+    CommandLine line;
+    if (!line.Parse(args,
+                    {{"--raw", "--verbose"},
+                     {"--out"},
+                     1,
+                     1,
+                     "lumivex thumbs [--raw] [--out DIR] [--verbose] FOLDER"},
+                    err))
+        return false;
+    o.raw = line.Has("--raw");
+    o.verbose = line.Has("--verbose");
+    o.out = line.Value("--out").value_or(".");
+    o.folder = line.Operands()[0];
     return true;
 }
 
 int ThumbsCommand::Run(const std::vector<std::string>& args, std::FILE* out, std::FILE* err) {
     Options o;
-    if (!Parse(args, o)) {
-        std::fputs("usage: lumivex thumbs [--raw] [--out DIR] [--verbose] FOLDER\n", err);
-        return 2;
-    }
+    if (!Parse(args, o, err)) return 2;
     std::error_code ec;
     if (!std::filesystem::is_directory(o.folder, ec)) {
         std::fprintf(err, "lumivex: %s: フォルダが見つかりません。\n", o.folder.c_str());
@@ -91,7 +88,7 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
     }
     ProgressLine progress(err, "書き出し中...", names.size());
     OrderedParallel<Result>::Run(
-        names.size(), threads,
+        names.size(), threads, FolderScan::kLookAhead,
         [&](unsigned w, std::size_t i, Result& r) {
             r = Result{};
             if (!scanOptions.filter.Accepts(names[i])) {
@@ -100,12 +97,9 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
             }
             ExifReader& x = readers[w];
             x.fitem = o.folder / names[i];
-            x.InitVal();
-            const bool loaded = x.LoadFile();
-            const auto block = loaded ? x.EmbeddedThumbnail() : std::nullopt;
-            x.Source().Close();
+            const auto block = x.ReadThumbnailBlock();
             if (!block) {
-                r.why = SkipReasonText(loaded ? SkipReason::NoThumbnail : SkipReason::NoExif);
+                r.why = SkipReasonText(x.ret ? SkipReason::NoThumbnail : SkipReason::NoExif);
                 return;
             }
             switch (OutputFile::CreateNewIn(outFd, block->suggestedName.c_str(), block->bytes)) {

@@ -21,7 +21,7 @@ class ThumbsCommand {
         std::filesystem::path out = ".";
         std::filesystem::path folder;
     };
-    static bool Parse(const std::vector<std::string>& args, Options& o);
+    static bool Parse(const std::vector<std::string>& args, Options& o, std::FILE* err);
     int Raw(const Options& o, std::FILE* out, std::FILE* err) const;
     int Extract(const Options& o, std::FILE* out, std::FILE* err) const;
 };

@@ -1,6 +1,6 @@
-// Thumbnail extraction and export: the small picture that IFD1 embeds, as a JPEG stream
+// Thumbnail extraction: the small picture that IFD1 embeds, as a JPEG stream
 // ("Compression" 6) or as uncompressed RGB strips ("Compression" 1). Everything is decoded
-// from memory; nothing is written but what the user exports.
+// from memory; nothing is written.
 #include <cmath>
 
 #include "core/Globals.h"
@@ -9,13 +9,14 @@
 #include "core/OutputFile.h"
 #include "core/RotateImage.h"
 #include "exif/ExifReader.h"
+#include "exif/ValueReader.h"
 
 namespace lumivex {
 
 void ExifReader::GetThumbNail() {
     InitVal();
     ret = LoadFile();
-    outcome = !src_.IsOpen() ? Outcome::Unreadable : !ret ? Outcome::NoExif : Outcome::NoThumbnail;
+    outcome = !opened_ ? Outcome::Unreadable : !ret ? Outcome::NoExif : Outcome::NoThumbnail;
     if (ret) {
         const auto compression = IFD1.Integer("Compression");
         if (!compression) {
@@ -40,10 +41,8 @@ std::optional<std::vector<std::uint8_t>> ExifReader::ReadBlock(const char* start
                                                                const char* length) {
     const auto pos = IFD1.Number(start);
     const auto len = IFD1.Number(length);
-    if (!pos || !len || *pos < 0 || *len < 0 || *len > static_cast<double>(kMaxThumbnailBytes))
-        return std::nullopt;
-    return src_.Block(static_cast<std::uint64_t>(*pos) + offset, static_cast<std::uint64_t>(*len),
-                      kMaxThumbnailBytes);
+    if (!pos || !len) return std::nullopt;
+    return Values().Block(*pos, *len, kMaxThumbnailBytes);
 }
 
 bool ExifReader::GetThumbNailJPEG() {
@@ -108,64 +107,6 @@ void ExifReader::GetThumbNailOrientation() {
     if (turn == 0) return;
     Thumbnail = gRotateImage(Thumbnail, turn);
     Rotate = turn;
-}
-
-std::optional<ThumbnailBlock> ExifReader::EmbeddedThumbnail() {
-    const auto compression = IFD1.Integer("Compression");
-    if (!compression) return std::nullopt;
-    const bool jpeg = *compression == 6;
-    auto bytes = jpeg ? ReadBlock("JPEGInterchangeFormat", "JPEGInterchangeFormatLength")
-                      : ReadBlock("StripOffsets", "StripByteCounts");
-    if (!bytes) return std::nullopt;
-    ThumbnailBlock block;
-    block.bytes = std::move(*bytes);
-    const std::string name = fitem.filename().string();
-    if (jpeg) {
-        block.suggestedName = name;
-        block.type = "image/jpeg";
-    } else {
-        std::string body, extn;
-        gExtractBodyAndExtn(name, body, extn);
-        block.suggestedName = body + ".tiff";
-        block.type = "image/tiff";
-    }
-    return block;
-}
-
-void ExifReader::SaveThumbNail(const SaveTarget& ask) {
-    InitVal();
-    ret = LoadFile();
-    if (ret) {
-        const auto compression = IFD1.Integer("Compression");
-        if (!compression) {
-            ret = false;
-        } else {
-            ret = *compression == 6 ? SaveThumbNailJPEG(ask) : SaveThumbNailTIFF(ask);
-        }
-    }
-    src_.Close();
-}
-
-bool ExifReader::SaveThumbNailJPEG(const SaveTarget& ask) {
-    if (IFD1.Integer("Compression") != 6) return false;
-    return WriteExport(EmbeddedThumbnail(), ask);
-}
-
-bool ExifReader::SaveThumbNailTIFF(const SaveTarget& ask) {
-    if (IFD1.Integer("Compression") == 6) return false;
-    return WriteExport(EmbeddedThumbnail(), ask);
-}
-
-// The user's answer is written in full or not at all; a target that is the source file
-// itself (or a link to it) is refused, so that an export never destroys a picture.
-bool ExifReader::WriteExport(const std::optional<ThumbnailBlock>& block,
-                             const SaveTarget& ask) const {
-    if (!block) return false;
-    const auto target = ask(*block);
-    if (!target) return true;
-    std::error_code ec;
-    if (!fitem.empty() && std::filesystem::equivalent(*target, fitem, ec)) return false;
-    return OutputFile::Replace(*target, block->bytes) == OutputFile::Result::Written;
 }
 
 }  // namespace lumivex

@@ -125,12 +125,30 @@ constexpr TagRow kExif[] = {
     {0xA40C, R::Short, "SubjectDistanceRange"},
 };
 
+// Tag 27 and above are not read.
+constexpr TagRow kGps[] = {
+    {0, R::Digits4, "VersionID"},        {1, R::Letter, "LatitudeRef"},
+    {2, R::Latitude, "Latitude"},        {3, R::Letter, "LongitudeRef"},
+    {4, R::Longitude, "Longitude"},      {5, R::Char, "AltitudeRef"},
+    {6, R::Altitude, "Altitude"},        {7, R::TimeOfDay, "TimeStamp"},
+    {8, R::Text, "Satellites"},          {9, R::Letter, "Status"},
+    {10, R::Letter, "MeasureMode"},      {11, R::Measure, "DOP"},
+    {12, R::Letter, "SpeedRef"},         {13, R::Measure, "Speed"},
+    {14, R::Letter, "TrackRef"},         {15, R::Measure, "Track"},
+    {16, R::Letter, "ImgDirectionRef"},  {17, R::Measure, "ImgDirection"},
+    {18, R::Text, "MapDatum"},           {19, R::Letter, "DestLatitudeRef"},
+    {20, R::DestAngle, "DestLatitude"},  {21, R::Letter, "DestLongitudeRef"},
+    {22, R::DestAngle, "DestLongitude"}, {23, R::Letter, "DestBearingRef"},
+    {24, R::Measure, "DestBearing"},     {25, R::Letter, "DestDistanceRef"},
+    {26, R::Measure, "DestDistance"},
+};
+
 constexpr bool SortedByTag(std::span<const TagRow> rows) {
     for (std::size_t i = 1; i < rows.size(); ++i)
         if (rows[i - 1].tag >= rows[i].tag) return false;
     return true;
 }
-static_assert(SortedByTag(kIfd0) && SortedByTag(kIfd1) && SortedByTag(kExif));
+static_assert(SortedByTag(kIfd0) && SortedByTag(kIfd1) && SortedByTag(kExif) && SortedByTag(kGps));
 
 }  // namespace
 
@@ -142,6 +160,9 @@ std::span<const TagRow> Ifd1Rows() {
 }
 std::span<const TagRow> ExifRows() {
     return kExif;
+}
+std::span<const TagRow> GpsRows() {
+    return kGps;
 }
 
 const TagRow* FindRow(std::span<const TagRow> rows, std::uint32_t tag) {

@@ -1,6 +1,6 @@
 #pragma once
-// What the readers of IFD0, IFD1 and the Exif directory do with each known tag: one row a
-// tag, sorted by tag. Keys are the names under which the rest of the program finds values.
+// What the reader of each of the four directories does with each known tag: one row a tag,
+// sorted by tag. Keys are the names under which the rest of the program finds values.
 #include <cstdint>
 #include <span>
 
@@ -25,6 +25,14 @@ enum class TagRead : std::uint8_t {
     Iso,          // key for a single value, key+"M" (value not kept) for a list
     SubjectArea,  // by count: 2, 3 or 4 values under X, Y and D or W, H
     Ignore,       // known, passed over
+    // The GPS directory's own shapes.
+    Letter,     // first byte of the value field as a one-letter text, "" for a zero byte
+    Measure,    // a rational, kept raw and shown with "#####.####" under key
+    Altitude,   // a rational, kept raw and shown as whole metres under key
+    TimeOfDay,  // three rationals under key+"1".."3", shown as "h:m:s" under key
+    DestAngle,  // three rationals under key+"1".."3", shown as "d.m.s" under key
+    Latitude,   // three rationals, text and signed degrees; read after every other tag
+    Longitude,  // as Latitude
 };
 
 struct TagRow {
@@ -36,6 +44,7 @@ struct TagRow {
 std::span<const TagRow> Ifd0Rows();
 std::span<const TagRow> Ifd1Rows();
 std::span<const TagRow> ExifRows();
+std::span<const TagRow> GpsRows();
 
 // The row for `tag`, or nullptr when the table has none.
 const TagRow* FindRow(std::span<const TagRow> rows, std::uint32_t tag);

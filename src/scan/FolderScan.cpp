@@ -3,11 +3,10 @@
 #include <dirent.h>
 
 #include <algorithm>
-#include <condition_variable>
-#include <mutex>
 #include <thread>
 
 #include "exif/ExifReader.h"
+#include "scan/OrderedParallel.h"
 
 namespace lumivex {
 namespace {
@@ -54,35 +53,16 @@ const char* SkipReasonText(SkipReason reason) {
 
 // One entry's result, filled by whichever thread took the entry and read by the hand-out.
 struct FolderScan::Slot {
-    bool done = false;
     bool hit = false;
     SkipReason reason = SkipReason::NoThumbnail;
     ScanItem item;
 };
 
-namespace {
-
-// The coordination of one run. The calling thread hands out the results in name order and,
-// while the next one is not ready, reads entries itself; it sleeps only when every entry
-// within reach is already being read by a helper. Each side wakes the other only when it is
-// known to sleep, so that a run costs few context switches rather than one per file.
-struct Shared {
-    std::mutex m;
-    std::condition_variable helperCv;  // a helper waits for room in the look-ahead
-    std::condition_variable callerCv;  // the caller waits for the entry it hands out next
-    std::size_t next = 0;              // the first entry nobody has taken
-    std::size_t handedOut = 0;
-    std::size_t helpersWaiting = 0;
-    bool callerWaiting = false;
-    bool finished = false;
-};
-
-}  // namespace
-
 FolderScan::FolderScan(std::filesystem::path folder, ScanOptions options)
     : folder_(std::move(folder)), options_(std::move(options)), names_(ListNames(folder_)) {}
 
 void FolderScan::Read(ExifReader& x, std::size_t i, Slot& slot) const {
+    slot = Slot{};
     if (!options_.filter.Accepts(names_[i])) {
         slot.reason = SkipReason::NotAnImageName;
         return;
@@ -101,10 +81,7 @@ void FolderScan::Read(ExifReader& x, std::size_t i, Slot& slot) const {
 
 ScanStats FolderScan::Run(const ItemHandler& onItem, const SkipHandler& onSkip) {
     ScanStats stats;
-    const std::size_t count = names_.size();
-    stats.entries = count;
-    std::vector<Slot> slots(count);
-    Shared shared;
+    stats.entries = names_.size();
     unsigned threads = options_.threads ? options_.threads : std::thread::hardware_concurrency();
     threads = std::clamp<unsigned>(threads, 1, 16);
     std::vector<ExifReader> readers(threads);
@@ -113,82 +90,25 @@ ScanStats FolderScan::Run(const ItemHandler& onItem, const SkipHandler& onSkip) 
         x.NoThumb = options_.noThumb;
         x.ReadAllTags = false;
     }
-    // Takes the next entry within the look-ahead; count when there is none. Needs the lock.
-    // The caller's own entry is always within reach, so the caller sleeps only while a helper
-    // reads it.
-    auto take = [&]() -> std::size_t {
-        if (shared.next >= count || shared.next >= shared.handedOut + kLookAhead) return count;
-        return shared.next++;
-    };
-
-    auto helper = [&](unsigned w) {
-        std::unique_lock lock(shared.m);
-        for (;;) {
-            const std::size_t i = shared.finished || stop_.load() ? count : take();
-            if (i == count) {
-                if (shared.finished || stop_.load() || shared.next >= count) break;
-                ++shared.helpersWaiting;
-                shared.helperCv.wait(lock);
-                --shared.helpersWaiting;
-                continue;
+    stats.examined = OrderedParallel<Slot>::Run(
+        names_.size(), threads, kLookAhead,
+        [&](unsigned w, std::size_t i, Slot& slot) { Read(readers[w], i, slot); },
+        [&](std::size_t i, Slot& slot) {
+            if (slot.hit) {
+                ++stats.items;
+                // Handed over, not lent: a picture the handler does not keep is freed now and
+                // not when its slot comes round again.
+                ScanItem item = std::move(slot.item);
+                onItem(std::move(item));
+            } else if (onSkip) {
+                onSkip(names_[i], slot.reason);
             }
-            lock.unlock();
-            Read(readers[w], i, slots[i]);
-            lock.lock();
-            slots[i].done = true;
-            if (shared.callerWaiting && i == shared.handedOut) shared.callerCv.notify_one();
-        }
-    };
-
-    std::vector<std::jthread> helpers;
-    for (unsigned w = 1; w < threads; ++w)
-        helpers.emplace_back(helper, w);
-
-    for (std::size_t i = 0; i < count; ++i) {
-        {
-            std::unique_lock lock(shared.m);
-            while (!slots[i].done && !stop_.load()) {
-                const std::size_t j = take();
-                if (j == count) {
-                    shared.callerWaiting = true;
-                    shared.callerCv.wait(lock);
-                    shared.callerWaiting = false;
-                    continue;
-                }
-                lock.unlock();
-                Read(readers[0], j, slots[j]);
-                lock.lock();
-                slots[j].done = true;
-            }
-        }
-        // The stop is looked at before each entry is taken, as a user expects of "stop".
-        if (stop_.load()) {
-            stats.stopped = true;
-            break;
-        }
-        if (slots[i].hit) {
-            ++stats.items;
-            // Handed over, not lent: a picture the handler does not keep is freed now and not
-            // at the end of the run.
-            ScanItem item = std::move(slots[i].item);
-            onItem(std::move(item));
-        } else if (onSkip) {
-            onSkip(names_[i], slots[i].reason);
-        }
-        ++stats.examined;
-        progress_.store(i + 1, std::memory_order_release);
-        std::lock_guard lock(shared.m);
-        shared.handedOut = i + 1;
-        if (shared.helpersWaiting > 0) shared.helperCv.notify_all();
-    }
-    {
-        std::lock_guard lock(shared.m);
-        shared.finished = true;
-        shared.helperCv.notify_all();
-    }
-    helpers.clear();
+            progress_.store(i + 1, std::memory_order_release);
+        },
+        &stop_);
+    stats.stopped = stats.examined < names_.size();
     for (ExifReader& x : readers)
-        stats.bytesRead += x.Source().BytesRead();
+        stats.bytesRead += x.BytesRead();
     return stats;
 }
 

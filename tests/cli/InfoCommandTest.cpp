@@ -6,37 +6,15 @@
 #include <filesystem>
 #include <string>
 
+#include "CommandOutput.h"
 #include "ExifJpegBuilder.h"
-#include "ScratchDir.h"
 #include "cli/InfoCommand.h"
 
-namespace lumivex {
+namespace lumivex::test {
 namespace {
 
-struct Output {
-    int status = 0;
-    std::string out, err;
-};
-
-std::string ReadAll(std::FILE* f) {
-    std::string s(static_cast<std::size_t>(std::ftell(f)), '\0');
-    std::rewind(f);
-    s.resize(std::fread(s.data(), 1, s.size(), f));
-    std::fclose(f);
-    return s;
-}
-
 Output RunInfo(const std::vector<std::string>& args) {
-    std::FILE* out = std::tmpfile();
-    std::FILE* err = std::tmpfile();
-    const int status = InfoCommand().Run(args, out, err);
-    return {status, ReadAll(out), ReadAll(err)};
-}
-
-// Each piece must show up in `text`.
-void ExpectPieces(const std::string& text, std::initializer_list<std::string> pieces) {
-    for (const std::string& piece : pieces)
-        EXPECT_NE(text.find(piece), std::string::npos) << piece << " in " << text;
+    return RunCommand<InfoCommand>(args);
 }
 
 TEST(InfoCommand, JsonTextAndExitStatus) {
@@ -83,4 +61,4 @@ TEST(InfoCommand, JsonTextAndExitStatus) {
 }
 
 }  // namespace
-}  // namespace lumivex
+}  // namespace lumivex::test

@@ -42,6 +42,7 @@ TEST(ContainerWalk, MarkersSignatureAndHeader) {
         {"IFD0 without entries", [](auto& b) { b.Ifd0().Remove(0x010F).Present(); }, false, 0},
         {"cut ahead of IFD0", [](auto& b) { b.TruncateAt(18); }, false, 0},
         {"cut in the header", [](auto& b) { b.TruncateAt(5); }, false, 0},
+        {"IFD0 past the end", [](auto& b) { b.Ifd0Pointer(0xFFFFFF00); }, false, 0},
     };
     // clang-format on
     for (const auto& c : cases) {
@@ -86,37 +87,6 @@ TEST(ContainerWalk, DirectoriesPresentAbsentAndReused) {
     EXPECT_TRUE(l.x.IFDe.Empty());
 }
 
-TEST(ContainerWalk, DamagedFilesStayBounded) {
-    // A cut inside IFD0 loads; the missing entries read as zeros and match no tag.
-    ExifJpegBuilder cut = WithMake();
-    cut.Ifd0().Short(0x0112, {6}).Ascii(0x0110, "Model-Name-Long");
-    cut.TruncateAt(Loaded(cut).layout.ifd0 + 2 + 12 + 6);
-    Loaded l(cut);
-    EXPECT_TRUE(l.x.ret);
-    EXPECT_EQ(l.x.IFD0_Max, 3u);
-    EXPECT_FALSE(l.x.IFD0.Has("Orientation"));
-
-    // A GPS count of 65535 entries on a tiny file keeps a table of what the file can hold, and
-    // the zero entries past the end stand for GPS version 0, as a zero-filled read would.
-    ExifJpegBuilder huge = WithMake();
-    huge.Gps().Short(0x0005, {0}).CountField(0xFFFF);
-    Loaded lh(huge);
-    EXPECT_TRUE(lh.x.ret);
-    EXPECT_EQ(lh.x.IFDg_Max, 0xFFFFu);
-    EXPECT_LE(lh.x.IFDg_Dir.size(), lh.layout.fileSize / 12 + 1);
-    EXPECT_TRUE(lh.x.IFDg.Has("VersionID"));
-
-    // A long text far away costs nothing and reads as empty.
-    ExifJpegBuilder far = WithMake();
-    far.Ifd0().RawValue(0x010E, fixtures::ASCII, 0xFFFFFFFF, 0x7FFFFFF0);
-    ExpectValues(Loaded(far).x.IFD0, {{"ImageDescription", S("")}}, "far text");
-
-    // The IFD0 pointer of the header past the end: no entries, no Exif.
-    ExifJpegBuilder lost = WithMake();
-    lost.Ifd0Pointer(0xFFFFFF00);
-    EXPECT_FALSE(Loaded(lost).x.ret);
-}
-
 TEST(ContainerWalk, FilesThatCannotBeRead) {
     fixtures::ScratchDir dir("lvx-walk");
     const auto tiff = dir.path() / "plain.tif", empty = dir.path() / "empty.jpg";
@@ -136,7 +106,6 @@ TEST(ContainerWalk, FilesThatCannotBeRead) {
 // A file is read in stretches: a first read, the head grown once, pages and blocks beyond.
 // Whatever comes out must be what the same bytes give from memory, wherever the values lie.
 TEST(ContainerWalk, FileReadsMatchMemoryWhereverValuesLie) {
-    fixtures::ScratchDir dir("lvx-walk");
     struct Case {
         std::size_t text;                // a description this long pushes everything after it along
         std::optional<std::size_t> cut;  // inside the thumbnail
@@ -153,21 +122,12 @@ TEST(ContainerWalk, FileReadsMatchMemoryWhereverValuesLie) {
             b.Gps().Ascii(0x0001, "N");
             b.JpegThumbnail(160, 120).MainImage(300000);
             if (c.cut) b.TruncateAt(*c.cut);
-            const auto file = dir.path() / "f.jpg";
-            b.Write(file);
-            ExifReader fromFile, fromMemory;
-            fromFile.fitem = file;
             const Bytes bytes = b.Build();
-            fromMemory.fbytes = bytes;
-            fromFile.GetExif();
-            fromMemory.GetExif();
-            ASSERT_EQ(fromFile.ret, fromMemory.ret);
-            EXPECT_EQ(Infos(fromFile), Infos(fromMemory));
-            fromFile.GetThumbNail();
-            fromMemory.GetThumbNail();
-            EXPECT_TRUE(fromFile.ret || c.cut);
-            EXPECT_EQ(fromFile.ret, fromMemory.ret);
-            EXPECT_EQ(fromFile.Thumbnail, fromMemory.Thumbnail);
+            FuzzTarget(bytes);  // compares the file with its bytes in memory
+            ExifReader x;
+            x.fbytes = bytes;
+            x.GetThumbNail();
+            EXPECT_TRUE(x.ret || c.cut);
         }
     }
 }

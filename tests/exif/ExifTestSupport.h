@@ -11,6 +11,9 @@
 #include "ExifJpegBuilder.h"
 #include "exif/ExifReader.h"
 
+// The fuzz target, linked in: every bound it checks aborts the test when broken.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
 namespace lumivex::test {
 
 using Bytes = std::vector<std::uint8_t>;
@@ -29,6 +32,11 @@ class Loaded {
     Bytes bytes_;
 };
 
+// Runs the bytes through every entry point as the fuzzer does, from memory and from a file.
+inline void FuzzTarget(const std::vector<std::uint8_t>& bytes) {
+    LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
+}
+
 // Stored values by kind: whole number, number, text.
 inline const auto I = [](std::int64_t v) { return ExifValue(v); };
 inline const auto D = [](double v) { return ExifValue(v); };
@@ -44,12 +52,6 @@ inline fixtures::ExifJpegBuilder WithMake(fixtures::ByteOrder order = fixtures::
     fixtures::ExifJpegBuilder b(order);
     b.Ifd0().Ascii(0x010F, make);
     return b;
-}
-
-inline std::array<std::string, 6> Infos(const ExifReader& x) {
-    std::array<std::string, 6> s;
-    x.GetInfo(s[0], s[1], s[2], s[3], s[4], s[5]);
-    return s;
 }
 
 // Each key holds exactly its value.

@@ -133,8 +133,6 @@ TEST(Thumbnail, ExportBytesNamesCancelAndSource) {
         const char* type;
     } cases[] = {
         {"jpeg", [](auto& b) { b.JpegThumbnail(40, 30); }, "IMG_0001.JPG", "image/jpeg"},
-        {"jpeg behind APP0", [](auto& b) { b.App0(16).JpegThumbnail(40, 30); }, "IMG_0001.JPG",
-         "image/jpeg"},
         {"strips", [](auto& b) { b.StripThumbnail(10, 4); }, "IMG_0001.tiff", "image/tiff"},
         {"no IFD1: nothing is asked", [](auto&) {}, "", ""},
         {"other compression",
