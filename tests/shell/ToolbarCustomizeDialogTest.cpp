@@ -88,8 +88,8 @@ TEST(ToolbarCustomizeDialogTest, ButtonsAndDropsEditTheList) {
          "601 604 602 603"},
         {"drop a present item moves it",
          [](Dialog& d) { Drop(d.AllowedList(), 2, d.CurrentList(), 0); }, "603 601 602"},
-        {"drag within the toolbar", [](Dialog& d) { Drop(d.CurrentList(), 0, d.CurrentList(), 3); },
-         "602 603 601"},
+        {"drag within the toolbar", [](Dialog& d) { Drop(d.CurrentList(), 0, d.CurrentList(), 2); },
+         "602 601 603"},
         {"drag off the toolbar", [](Dialog& d) { Drop(d.CurrentList(), 1, d.AllowedList(), 0); },
          "601 603"},
     };
