@@ -118,6 +118,10 @@ void MainToolBar::RunCustomizationDialog(QWidget* parent) {
 }
 
 QIcon MainToolBar::IconFor(const std::string& identifier) const {
+    if (identifier == ToolbarItems::kSpace)
+        return ToolbarIcons::Fallback(QStringLiteral("toolbar-space"));
+    if (identifier == ToolbarItems::kFlexibleSpace)
+        return ToolbarIcons::Fallback(QStringLiteral("toolbar-flexible-space"));
     const ToolbarItemSpec* spec = ToolbarItems::FindIdentifier(identifier);
     return spec ? pActions.value(spec->tag)->icon() : QIcon();
 }

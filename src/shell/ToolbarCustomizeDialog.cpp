@@ -39,6 +39,9 @@ ToolbarCustomizeDialog::ToolbarCustomizeDialog(std::vector<std::string> items, I
     setWindowTitle(QStringLiteral("ツールバーをカスタマイズ"));
     pAllowed = new ToolbarItemListWidget(kAllowedName);
     pCurrent = new ToolbarItemListWidget(kCurrentName);
+    // Room for every allowed item without scrolling.
+    for (ToolbarItemListWidget* list : {pAllowed, pCurrent})
+        list->setMinimumSize(220, 300);
     for (ToolbarItemListWidget* list : {pAllowed, pCurrent})
         connect(list, &ToolbarItemListWidget::ItemDropped, this,
                 [this, list](const QString& from, int row, const QString& id, int at) {
