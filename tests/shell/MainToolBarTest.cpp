@@ -1,0 +1,175 @@
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <QWidget>
+#include <cstdlib>
+#include <memory>
+
+#include "model/CommandState.h"
+#include "model/ToolbarItems.h"
+#include "shell/MainToolBar.h"
+
+namespace lumivex {
+namespace {
+
+std::vector<std::string> AllItems() {
+    return ToolbarItems::AllowedItemIdentifiers();
+}
+
+// Each case has its own configuration folder, as the program's users have theirs.
+class MainToolBarTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        ASSERT_TRUE(dir.isValid());
+        ::setenv("XDG_CONFIG_HOME", dir.path().toUtf8().constData(), 1);
+    }
+    std::unique_ptr<MainToolBar> Make(QWidget* parent = nullptr) {
+        return std::make_unique<MainToolBar>(commands, ToolbarConfig(), parent);
+    }
+    void WriteConfig(const QByteArray& text) {
+        QFile file(dir.filePath("com.ZenmoraWorksJP.LumivexPlus.conf"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    }
+
+    QTemporaryDir dir;
+    CommandState commands;
+};
+
+TEST_F(MainToolBarTest, EachItemSendsItsTagAndThePopUpItsMode) {
+    auto bar = Make();
+    bar->SetItems(AllItems());
+    QSignalSpy clicked(bar.get(), &MainToolBar::ToolbarItemClicked);
+    QSignalSpy chosen(bar.get(), &MainToolBar::ExportModeChosen);
+    for (int tag : {602, 603, 604, 605, 606, 609, 610}) {
+        QToolButton* button = bar->ToolbarItemGetButton(tag);
+        ASSERT_NE(button, nullptr) << tag;
+        EXPECT_EQ(button->text(), QString::fromUtf8(ToolbarItems::FindTag(tag)->label));
+        QTest::mouseClick(button, Qt::LeftButton);
+        ASSERT_EQ(clicked.size(), 1) << tag;
+        EXPECT_EQ(clicked.takeFirst().at(0).toInt(), tag);
+    }
+    QToolButton* exportButton = bar->ToolbarItemGetButton(601);
+    ASSERT_NE(exportButton, nullptr);
+    EXPECT_EQ(exportButton->popupMode(), QToolButton::InstantPopup);
+    const QList<QAction*> entries = bar->ExportMenu()->actions();
+    const char* titles[] = {"exif形式", "非圧縮jpeg", "形式を指定"};
+    ASSERT_EQ(entries.size(), 3);
+    for (int mode = 0; mode < 3; ++mode) {
+        EXPECT_EQ(entries[mode]->text(), QString::fromUtf8(titles[mode]));
+        entries[mode]->trigger();
+        ASSERT_EQ(chosen.size(), 1) << mode;
+        EXPECT_EQ(chosen.takeFirst().at(0).toInt(), mode);
+    }
+    EXPECT_TRUE(clicked.isEmpty());
+}
+
+TEST_F(MainToolBarTest, EnabledStatesFollowTheCommandState) {
+    auto bar = Make();
+    // state, then the enabled flags of 601 602 603 604 605 606 609 610
+    const struct {
+        int state;
+        bool all;
+        const char* expected;
+    } cases[] = {{0, false, "00000011"}, {1, true, "11111011"}, {2, true, "11110011"}};
+    for (const auto& c : cases) {
+        commands.SetBtnStat(c.state, false, nullptr);
+        commands.SetBtnStatAll(c.all);
+        std::string seen;
+        for (int tag : {601, 602, 603, 604, 605, 606, 609, 610})
+            seen += bar->ActionFor(tag)->isEnabled() ? '1' : '0';
+        EXPECT_EQ(seen, c.expected) << c.state;
+    }
+    // The pop-up's entries and their overflow forms follow 601; off the toolbar means no.
+    EXPECT_TRUE(bar->ToolbarMenuAppeared(102));
+    EXPECT_TRUE(bar->ToolbarMenuAppeared(902));
+    bar->SetItems({ToolbarItems::FindTag(602)->identifier});
+    EXPECT_FALSE(bar->ToolbarMenuAppeared(601));
+    EXPECT_FALSE(bar->ToolbarMenuAppeared(903));
+    EXPECT_TRUE(bar->ToolbarMenuAppeared(602));
+    // The state outlives the toolbar.
+    bar.reset();
+    commands.SetBtnStat(1, false, nullptr);
+}
+
+TEST_F(MainToolBarTest, ItemsAndShownStateSurviveARestart) {
+    const std::vector<std::string> chosen = {ToolbarItems::FindTag(610)->identifier,
+                                             ToolbarItems::kSpace,
+                                             ToolbarItems::FindTag(601)->identifier};
+    const struct {
+        std::vector<std::string> items;
+        bool shown;
+    } cases[] = {{chosen, false}, {{}, true}, {ToolbarItems::DefaultItemIdentifiers(), false}};
+    for (const auto& c : cases) {
+        auto bar = Make();
+        bar->SetItems(c.items);
+        bar->SetToolbarVisible(c.shown);
+        bar.reset();
+        QWidget host;
+        bar = Make(&host);
+        EXPECT_EQ(bar->Items(), c.items);
+        EXPECT_EQ(bar->GetToolbarVisible(), c.shown);
+        EXPECT_EQ(bar->isVisibleTo(&host), c.shown);
+        EXPECT_EQ(bar->actions().size(), static_cast<qsizetype>(c.items.size()));
+        bar.reset();
+    }
+    EXPECT_TRUE(QFile::exists(dir.filePath("com.ZenmoraWorksJP.LumivexPlus.conf")));
+}
+
+TEST_F(MainToolBarTest, ADamagedSavedListGivesTheDefaultSet) {
+    const QByteArray cases[] = {
+        "[MySampleToolbar]\nTB%20Item%20Identifiers\\size=2\n"
+        "TB%20Item%20Identifiers\\1\\identifier=Something Else\n",
+        "[MySampleToolbar]\nTB%20Item%20Identifiers\\size=7\n",
+        "[MySampleToolbar]\nTB%20Is%20Shown=1\n",
+        "\x01\x02 not a settings file \xff",
+    };
+    for (const QByteArray& text : cases) {
+        WriteConfig(text);
+        auto bar = Make();
+        EXPECT_EQ(bar->Items(), ToolbarItems::DefaultItemIdentifiers()) << text.constData();
+        EXPECT_TRUE(bar->GetToolbarVisible());
+    }
+}
+
+TEST_F(MainToolBarTest, ItemsThatDoNotFitGoToTheExtensionMenu) {
+    QWidget window;
+    auto* layout = new QVBoxLayout(&window);
+    auto bar = Make();
+    layout->addWidget(bar.get());
+    layout->addStretch();
+    window.resize(60, 120);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    auto* extension = bar->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"));
+    ASSERT_NE(extension, nullptr);
+    ASSERT_TRUE(extension->isVisible());
+    ASSERT_NE(extension->menu(), nullptr);
+    // The items behind the first in their menu form and in order, the spaces left out.
+    const auto menuTexts = [extension] {
+        QStringList texts;
+        for (QAction* action : extension->menu()->actions())
+            texts << action->text();
+        return texts.join(',');
+    };
+    EXPECT_EQ(menuTexts(),
+              QStringLiteral("全書き出し,左回転,右回転,Exif情報,Google Earth,環境設定"));
+    // The export item as a submenu of its three entries.
+    bar->SetItems({ToolbarItems::FindTag(610)->identifier, ToolbarItems::kSpace,
+                   ToolbarItems::FindTag(601)->identifier});
+    QTest::qWait(20);
+    EXPECT_EQ(menuTexts(), QStringLiteral("書き出し"));
+    EXPECT_EQ(extension->menu()->actions().value(0)->menu(), bar->ExportMenu());
+    window.resize(1200, 120);
+    QTest::qWait(20);
+    EXPECT_FALSE(extension->isVisible());
+}
+
+}  // namespace
+}  // namespace lumivex
