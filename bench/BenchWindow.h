@@ -3,12 +3,38 @@
 // shown on the current platform.
 #include <QTest>
 #include <cstdio>
+#include <filesystem>
+#include <iterator>
+#include <string>
+#include <system_error>
+
+#include "RealisticCamera.h"
 
 #include "browser/MainWindow.h"
 #include "browser/Prompter.h"
 #include "core/Settings.h"
 
 namespace bench {
+
+// A folder of n camera files of 200 KB under the current folder, named <prefix>-<n>; kept
+// between runs so that later runs find it in the page cache.
+inline std::filesystem::path CameraFolder(const std::string& prefix, int n) {
+    namespace fs = std::filesystem;
+    const fs::path dir = fs::current_path() / (prefix + "-" + std::to_string(n));
+    std::error_code ec;
+    if (fs::is_directory(dir) &&
+        std::distance(fs::directory_iterator(dir), fs::directory_iterator{}) == n)
+        return dir;
+    fs::remove_all(dir, ec);
+    fs::create_directories(dir);
+    for (int i = 0; i < n; ++i) {
+        char name[32];
+        std::snprintf(name, sizeof name, "IMG_%05d.JPG", i);
+        fixtures::WriteRealisticCamera(
+            dir / name, i, 200000, i % 2 ? fixtures::ByteOrder::Big : fixtures::ByteOrder::Little);
+    }
+    return dir;
+}
 
 // Nothing is asked during a measurement; a question would be a fault.
 class NoPrompter : public lumivex::Prompter {

@@ -15,7 +15,6 @@
 #include <vector>
 
 #include "BenchWindow.h"
-#include "RealisticCamera.h"
 #include "browser/ExportController.h"
 #include "browser/ScanProgressStrip.h"
 #include "browser/ScanWorker.h"
@@ -25,23 +24,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path MakeCard(int n) {
-    const fs::path dir = fs::current_path() / ("bench-export-" + std::to_string(n));
-    std::error_code ec;
-    if (fs::is_directory(dir) &&
-        std::distance(fs::directory_iterator(dir), fs::directory_iterator{}) == n)
-        return dir;
-    fs::remove_all(dir, ec);
-    fs::create_directories(dir);
-    for (int i = 0; i < n; ++i) {
-        char name[32];
-        std::snprintf(name, sizeof name, "IMG_%05d.JPG", i);
-        fixtures::WriteRealisticCamera(
-            dir / name, i, 200000, i % 2 ? fixtures::ByteOrder::Big : fixtures::ByteOrder::Little);
-    }
-    return dir;
-}
 
 // The items as a scan leaves them, read here untimed.
 std::vector<lumivex::ItemRecord> Items(const fs::path& card) {
@@ -107,7 +89,7 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     const int n = argc > 1 ? std::max(1, std::atoi(argv[1])) : 2000;
     const fs::path parent = argc > 2 ? fs::path(argv[2]) : fs::path("/dev/shm");
-    const std::vector<lumivex::ItemRecord> items = Items(MakeCard(n));
+    const std::vector<lumivex::ItemRecord> items = Items(bench::CameraFolder("bench-export", n));
     std::string pattern = (parent / "lumivex-export-bench-XXXXXX").string();
     if (mkdtemp(pattern.data()) == nullptr) return 1;
     const fs::path target = pattern;

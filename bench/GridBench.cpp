@@ -15,7 +15,6 @@
 #include <vector>
 
 #include "BenchWindow.h"
-#include "RealisticCamera.h"
 #include "browser/MainWindow.h"
 #include "browser/ThumbnailCanvas.h"
 #include "core/HeapTuning.h"
@@ -23,23 +22,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path MakeCard(int n) {
-    const fs::path dir = fs::current_path() / ("bench-grid-" + std::to_string(n));
-    std::error_code ec;
-    if (fs::is_directory(dir) &&
-        std::distance(fs::directory_iterator(dir), fs::directory_iterator{}) == n)
-        return dir;
-    fs::remove_all(dir, ec);
-    fs::create_directories(dir);
-    for (int i = 0; i < n; ++i) {
-        char name[32];
-        std::snprintf(name, sizeof name, "IMG_%05d.JPG", i);
-        fixtures::WriteRealisticCamera(
-            dir / name, i, 200000, i % 2 ? fixtures::ByteOrder::Big : fixtures::ByteOrder::Little);
-    }
-    return dir;
-}
 
 double Ms(const QElapsedTimer& t) {
     return static_cast<double>(t.nsecsElapsed()) / 1e6;
@@ -53,7 +35,7 @@ int main(int argc, char** argv) {
             qgetenv("QT_QPA_PLATFORM").isEmpty() ? "offscreen" : qgetenv("QT_QPA_PLATFORM"));
     QApplication app(argc, argv);
     const int n = argc > 1 ? std::max(1, std::atoi(argv[1])) : 5000;
-    const fs::path card = MakeCard(n);
+    const fs::path card = bench::CameraFolder("bench-grid", n);
 
     bench::BenchWindow window;
     if (!window.Show()) return 1;
