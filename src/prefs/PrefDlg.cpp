@@ -2,7 +2,6 @@
 
 #include <QActionGroup>
 #include <QApplication>
-#include <QDialogButtonBox>
 #include <QFrame>
 #include <QGuiApplication>
 #include <QPushButton>
@@ -73,15 +72,17 @@ PrefDlg::PrefDlg(Context context, QWidget* parent)
     auto* line = new QFrame(this);
     line->setFrameShape(QFrame::HLine);
     line->setFrameShadow(QFrame::Sunken);
-    auto* buttons = new QDialogButtonBox(this);
-    QPushButton* cancel =
-        buttons->addButton(QStringLiteral("キャンセル"), QDialogButtonBox::RejectRole);
-    QPushButton* save = buttons->addButton(QStringLiteral("保存"), QDialogButtonBox::AcceptRole);
+    // Cancel on the left and save on the right, whatever the desktop's button order.
+    auto* cancel = new QPushButton(QStringLiteral("キャンセル"), this);
+    auto* save = new QPushButton(QStringLiteral("保存"), this);
     cancel->setObjectName(QStringLiteral("PushButton1"));
     save->setObjectName(QStringLiteral("PushButton2"));
+    cancel->setMinimumWidth(82);
+    save->setMinimumWidth(70);
+    cancel->setAutoDefault(false);
     save->setDefault(true);
-    connect(buttons, &QDialogButtonBox::accepted, this, [this] { PushButton2_Action(); });
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    connect(save, &QPushButton::clicked, this, [this] { PushButton2_Action(); });
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 
     auto* body = new QVBoxLayout;
     body->setContentsMargins(60, 8, 60, 0);
@@ -92,8 +93,10 @@ PrefDlg::PrefDlg(Context context, QWidget* parent)
     column->addLayout(body, 1);
     column->addWidget(line);
     auto* buttonRow = new QHBoxLayout;
-    buttonRow->setContentsMargins(0, 0, 24, 0);
-    buttonRow->addWidget(buttons);
+    buttonRow->setContentsMargins(0, 8, 24, 0);
+    buttonRow->addStretch(1);
+    buttonRow->addWidget(cancel);
+    buttonRow->addWidget(save);
     column->addLayout(buttonRow);
     InitApp(prefs_.gPref[pref::kPrefsPage]);
 }
