@@ -46,8 +46,6 @@ QLabel* AboutPanel::AddLabel(const char* name, const QString& text, const QRect&
     auto* label = new QLabel(text, this);
     label->setObjectName(QLatin1String(name));
     label->setGeometry(frame);
-    // Clicks go to the panel, which closes on any of them.
-    label->setAttribute(Qt::WA_TransparentForMouseEvents);
     return label;
 }
 
