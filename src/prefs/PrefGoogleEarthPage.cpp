@@ -1,6 +1,7 @@
 #include "prefs/PrefGoogleEarthPage.h"
 
 #include <QCheckBox>
+#include <QDir>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -95,7 +96,9 @@ void PrefGoogleEarthPage::Store(PrefValues& v) const {
 }
 
 void PrefGoogleEarthPage::PushButton6_Action() {
-    const auto file = prompter_.OpenFile(this, QStringLiteral("Google Earth"), startFolder_);
+    // Without Google Earth installed its folder is missing; the home folder is the next best.
+    const QString folder = QDir(startFolder_).exists() ? startFolder_ : QDir::homePath();
+    const auto file = prompter_.OpenFile(this, QStringLiteral("Google Earth"), folder);
     if (!file) return;
     if (locator_.GetGoogleEarthChk(file->toStdString()) != GoogleEarthLocator::kNone) {
         app_->setText(*file);
