@@ -26,6 +26,20 @@ std::optional<QString> ConsolePrompter::ChooseFolder(QWidget*, const QString& ti
                                : title + QStringLiteral(": "));
 }
 
+std::optional<QString> ConsolePrompter::OpenFile(QWidget*, const QString& title,
+                                                 const QString& folder) {
+    return Ask(title + QStringLiteral(" (") + folder + QStringLiteral("): "));
+}
+
+std::optional<QColor> ConsolePrompter::ChooseColor(QWidget*, const QColor& start,
+                                                   const QString& caption) {
+    const auto text = Ask(caption + QStringLiteral(" (") + start.name() + QStringLiteral("): "));
+    if (!text) return std::nullopt;
+    const QColor c = QColor::fromString(text->trimmed());
+    if (!c.isValid()) return std::nullopt;
+    return c;
+}
+
 bool ConsolePrompter::PlatformHasNoScreen() {
     const QString p = QGuiApplication::platformName();
     return p == QLatin1String("offscreen") || p == QLatin1String("minimal");

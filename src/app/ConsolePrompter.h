@@ -19,6 +19,11 @@ class ConsolePrompter : public Prompter {
     std::optional<QString> SaveFile(QWidget* parent, const QString& title,
                                     const QString& suggested) override;
     std::optional<QString> ChooseFolder(QWidget* parent, const QString& title) override;
+    std::optional<QString> OpenFile(QWidget* parent, const QString& title,
+                                    const QString& folder) override;
+    // Read as a colour name ("#RRGGBB" or an SVG name); one that is not a colour cancels.
+    std::optional<QColor> ChooseColor(QWidget* parent, const QColor& start,
+                                      const QString& caption) override;
 
     // True when the platform that QGuiApplication runs on shows nothing to a user.
     static bool PlatformHasNoScreen();

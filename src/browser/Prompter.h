@@ -1,6 +1,7 @@
 #pragma once
 // Every question and message the program puts to the user goes through this one interface,
 // so that tests can answer them. QtPrompter shows real dialogs; tests script their own.
+#include <QColor>
 #include <QString>
 #include <QStringList>
 #include <optional>
@@ -52,6 +53,12 @@ class Prompter {
     virtual std::optional<SaveAnswer> SaveFileAs(QWidget* parent, const SaveRequest& request);
     // A folder to write into; nothing when the user cancels.
     virtual std::optional<QString> ChooseFolder(QWidget* parent, const QString& title) = 0;
+    // An existing file to open, starting in `folder`; nothing when the user cancels.
+    virtual std::optional<QString> OpenFile(QWidget* parent, const QString& title,
+                                            const QString& folder) = 0;
+    // A colour, starting at `start`, with `caption` as the prompt; nothing when cancelled.
+    virtual std::optional<QColor> ChooseColor(QWidget* parent, const QColor& start,
+                                              const QString& caption) = 0;
 
     // gCautionDlg1: one "OK" button; the result is not used.
     void CautionOk(QWidget* parent, const QString& message, const QString& explanation, bool beep);

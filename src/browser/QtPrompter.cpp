@@ -1,6 +1,7 @@
 #include "browser/QtPrompter.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
@@ -52,6 +53,20 @@ std::optional<QString> QtPrompter::ChooseFolder(QWidget* parent, const QString& 
     const QString dir = QFileDialog::getExistingDirectory(parent, title);
     if (dir.isEmpty()) return std::nullopt;
     return dir;
+}
+
+std::optional<QString> QtPrompter::OpenFile(QWidget* parent, const QString& title,
+                                            const QString& folder) {
+    const QString file = QFileDialog::getOpenFileName(parent, title, folder);
+    if (file.isEmpty()) return std::nullopt;
+    return file;
+}
+
+std::optional<QColor> QtPrompter::ChooseColor(QWidget* parent, const QColor& start,
+                                              const QString& caption) {
+    const QColor c = QColorDialog::getColor(start, parent, caption);
+    if (!c.isValid()) return std::nullopt;
+    return c;
 }
 
 }  // namespace lumivex

@@ -12,6 +12,10 @@ class QtPrompter : public Prompter {
                                     const QString& suggested) override;
     std::optional<SaveAnswer> SaveFileAs(QWidget* parent, const SaveRequest& request) override;
     std::optional<QString> ChooseFolder(QWidget* parent, const QString& title) override;
+    std::optional<QString> OpenFile(QWidget* parent, const QString& title,
+                                    const QString& folder) override;
+    std::optional<QColor> ChooseColor(QWidget* parent, const QColor& start,
+                                      const QString& caption) override;
 };
 
 }  // namespace lumivex

@@ -34,11 +34,27 @@ class ScriptedPrompter : public Prompter {
         return files.empty() ? std::nullopt : std::optional<QString>(files.front());
     }
 
-    QStringList asked;           // every message and title, in order
-    std::deque<int> answers;     // results of Caution, in order; cancel when empty
-    QStringList files;           // the answer of the file and folder choosers
-    QString filterAnswer;        // the file type a save dialog answers; its own choice when empty
-    QStringList filtersOffered;  // the file types of the last save dialog
+    std::optional<QString> OpenFile(QWidget*, const QString& title, const QString&) override {
+        asked << title;
+        return files.empty() ? std::nullopt : std::optional<QString>(files.front());
+    }
+    std::optional<QColor> ChooseColor(QWidget*, const QColor& start,
+                                      const QString& caption) override {
+        asked << caption;
+        colorsOffered << start;
+        if (colors.empty()) return std::nullopt;
+        const QColor c = colors.front();
+        colors.pop_front();
+        return c;
+    }
+
+    QStringList asked;            // every message and title, in order
+    std::deque<int> answers;      // results of Caution, in order; cancel when empty
+    QStringList files;            // the answer of the file and folder choosers
+    QString filterAnswer;         // the file type a save dialog answers; its own choice when empty
+    QStringList filtersOffered;   // the file types of the last save dialog
+    std::deque<QColor> colors;    // answers of the colour picker, in order; cancel when empty
+    QList<QColor> colorsOffered;  // the colour each picker started from
 };
 
 }  // namespace lumivex

@@ -72,6 +72,11 @@ done
 program=$root/usr/bin/${exec_line%% *}
 [ -x "$(dirname "$program")/../share/lumivex-plus/EjectDisk.sh" ] ||
     fail "EjectDisk.sh is not at ../share/lumivex-plus from $program"
+# The Help menu opens the help and the read-me from the same folder.
+for doc in help/index.html help/help.css お読み下さい.html; do
+    [ -f "$(dirname "$program")/../share/lumivex-plus/$doc" ] ||
+        fail "$doc is not at ../share/lumivex-plus from $program"
+done
 
 # The metainfo is named by its id, launches this desktop file and announces this version.
 metainfo_id=${desktop_id%.desktop}

@@ -1,0 +1,59 @@
+// The colour swatch: its colour conversions, its frame, and the picker's answer taken or not.
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QTest>
+
+#include "../app/ScriptedPrompter.h"
+#include "prefs/ClrCanvas.h"
+
+namespace lumivex {
+namespace {
+
+TEST(ClrCanvasTest, ConvertsBothWays) {
+    const std::pair<std::int64_t, Color> cases[] = {
+        {0x000000, {0, 0, 0}},   {0xFFFFFF, {255, 255, 255}}, {0x0000FF, {0, 0, 255}},
+        {0x00FF00, {0, 255, 0}}, {0xFF0000, {255, 0, 0}},     {0xD7DDE5, {215, 221, 229}},
+        {0x010203, {1, 2, 3}},
+    };
+    for (const auto& [value, colour] : cases) {
+        EXPECT_EQ(ClrCanvas::ClrItoC(value), colour) << std::hex << value;
+        EXPECT_EQ(ClrCanvas::ClrCtoI(colour), value) << std::hex << value;
+    }
+}
+
+TEST(ClrCanvasTest, PaintsASwatchInABlackFrame) {
+    ScriptedPrompter prompter;
+    ClrCanvas swatch(prompter);
+    swatch.resize(20, 10);
+    for (const std::int64_t value : {std::int64_t{0x3366CC}, std::int64_t{0}}) {
+        swatch.SetClr(value);
+        const QImage shot = swatch.grab().toImage();
+        const QColor c(static_cast<QRgb>(value));
+        EXPECT_EQ(shot.pixelColor(0, 0), QColor(Qt::black));
+        EXPECT_EQ(shot.pixelColor(19, 9), QColor(Qt::black));
+        EXPECT_EQ(shot.pixelColor(1, 1).rgb() & 0xFFFFFF, c.rgb() & 0xFFFFFF);
+        EXPECT_EQ(shot.pixelColor(18, 8).rgb() & 0xFFFFFF, c.rgb() & 0xFFFFFF);
+    }
+}
+
+TEST(ClrCanvasTest, TakesThePickedColourAndKeepsItsOwnOnCancel) {
+    ScriptedPrompter prompter;
+    ClrCanvas swatch(prompter);
+    swatch.resize(40, 20);
+    swatch.SetClr(0x112233);
+    prompter.colors = {QColor(0xAB, 0xCD, 0xEF)};
+    QTest::mouseClick(&swatch, Qt::LeftButton);
+    EXPECT_EQ(swatch.Clr(), 0xABCDEF);
+    ASSERT_EQ(prompter.colorsOffered.size(), 1);
+    EXPECT_EQ(prompter.colorsOffered[0], QColor(0x11, 0x22, 0x33));
+    EXPECT_EQ(prompter.asked, QStringList{QStringLiteral("色を指定して下さい。")});
+
+    QTest::mouseClick(&swatch, Qt::LeftButton);  // no answer: cancelled
+    EXPECT_EQ(swatch.Clr(), 0xABCDEF);
+    EXPECT_EQ(prompter.colorsOffered.size(), 2);
+    EXPECT_EQ(prompter.colorsOffered[1], QColor(0xAB, 0xCD, 0xEF));
+}
+
+}  // namespace
+}  // namespace lumivex

@@ -1,0 +1,249 @@
+// The preferences dialog driven through its controls: every page round-trips to the settings
+// file, cancel changes nothing, the last page comes back, and "取得..." accepts only Google Earth.
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <fstream>
+#include <functional>
+
+#include "../app/ScriptedPrompter.h"
+#include "ScratchDir.h"
+#include "core/PrefFile.h"
+#include "prefs/ClrCanvas.h"
+#include "prefs/PrefDlg.h"
+
+namespace lumivex {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct PrefDlgTest : ::testing::Test {
+    fixtures::ScratchDir dir;
+    ScriptedPrompter prompter;
+    Settings prefs;
+
+    void SetUp() override { prefs.InitAll(); }
+
+    PrefDlg::Context Context(bool alt = false) {
+        return PrefDlg::Context{prefs,
+                                dir.path(),
+                                prompter,
+                                GoogleEarthLocator(dir.path() / "earth", ""),
+                                alt,
+                                QIcon(),
+                                QString::fromStdString(dir.path().string())};
+    }
+    template <class T>
+    static T* Find(const PrefDlg& dlg, const char* name) {
+        T* w = dlg.findChild<T*>(QLatin1String(name));
+        EXPECT_NE(w, nullptr) << name;
+        return w;
+    }
+    static void Click(const PrefDlg& dlg, const char* button) {
+        Find<QPushButton>(dlg, button)->click();
+    }
+    Settings Reloaded() {
+        Settings s;
+        s.InitAll();
+        EXPECT_EQ(PrefFile::LoadPref(s, dir.path()), LoadResult::Loaded);
+        return s;
+    }
+};
+
+// One edit of a control, and the setting it must reach.
+struct Edit {
+    const char* control;
+    std::function<void(const PrefDlg&)> set;
+    std::size_t slot;
+    std::int64_t stored;
+};
+
+std::vector<Edit> EveryControl() {
+    auto check = [](const char* name, bool on) {
+        return [name, on](const PrefDlg& d) { d.findChild<QCheckBox*>(name)->setChecked(on); };
+    };
+    auto text = [](const char* name, const char* value) {
+        return [name, value](const PrefDlg& d) {
+            d.findChild<QLineEdit*>(name)->setText(QString::fromUtf8(value));
+        };
+    };
+    auto colour = [](const char* name, std::int64_t value) {
+        return [name, value](const PrefDlg& d) { d.findChild<ClrCanvas*>(name)->SetClr(value); };
+    };
+    return {
+        {"Canvas4", colour("Canvas4", 0x102030), pref::kListBackColor, 0x102030},
+        {"Canvas1", colour("Canvas1", 0x405060), pref::kThumbBackColor, 0x405060},
+        {"Canvas2", colour("Canvas2", 0x708090), pref::kSelectionColor, 0x708090},
+        {"Canvas3", colour("Canvas3", 0xA0B0C0), pref::kFolderNameColor, 0xA0B0C0},
+        {"CheckBox2", check("CheckBox2", false), pref::kColorFolderNames, 0},
+        {"CheckBox3", check("CheckBox3", false), pref::kFollowOrientation, 0},
+        {"CheckBox6", check("CheckBox6", true), pref::kListNoThumb, 1},
+        {"CheckBox10", check("CheckBox10", true), pref::kShowExtension, 1},
+        {"CheckBox8", check("CheckBox8", true), pref::kDetectCamera, 1},
+        {"CheckBox9", check("CheckBox9", true), pref::kEjectAtQuit, 1},
+        {"CheckBox4", check("CheckBox4", false), pref::kGoogleEarthAllowed, 0},
+        {"EditField1", text("EditField1", "3500"), pref::kGoogleEarthRange, 3500},
+        {"EditField2", text("EditField2", "30.7"), pref::kGoogleEarthTilt, 30},
+        {"EditField3", text("EditField3", "270"), pref::kGoogleEarthHeading, 270},
+        {"EditField4", text("EditField4", "0.3"), pref::kGoogleEarthSpeed, 3},
+        {"RadioButton3",
+         [](const PrefDlg& d) { d.findChild<QRadioButton*>("RadioButton3")->setChecked(true); },
+         pref::kVolumeMode, 2},
+        {"CheckBox1", check("CheckBox1", false), pref::kBeepOnCaution, 0},
+        {"CheckBox5", check("CheckBox5", true), pref::kKeepExpert, 1},
+    };
+}
+
+TEST_F(PrefDlgTest, SaveWritesEachControlToItsOwnSettingInTheFile) {
+    // One control at a time, so that two controls crossed over cannot pass.
+    for (const Edit& e : EveryControl()) {
+        SCOPED_TRACE(e.control);
+        fs::remove(dir.path() / "pref");
+        prefs.InitAll();
+        const Settings before = prefs;
+        PrefChanges reported;
+        {
+            PrefDlg dlg(Context(/*alt=*/true));
+            QObject::connect(&dlg, &PrefDlg::PrefsSaved,
+                             [&](const PrefChanges& c) { reported = c; });
+            ASSERT_NE(dlg.findChild<QWidget*>(e.control), nullptr);
+            e.set(dlg);
+            Click(dlg, "PushButton2");
+            EXPECT_TRUE(dlg.Saved());
+        }
+        const Settings loaded = Reloaded();
+        EXPECT_EQ(loaded.gPref[e.slot], e.stored);
+        for (std::size_t i = 0; i < loaded.gPref.size(); ++i) {
+            if (i != e.slot) {
+                EXPECT_EQ(loaded.gPref[i], before.gPref[i]) << "slot " << i;
+            }
+        }
+        EXPECT_EQ(loaded.gPrefS, before.gPrefS);
+        EXPECT_EQ(reported.ints.count(), 1u);
+        EXPECT_TRUE(reported.Changed(e.slot));
+        EXPECT_EQ(reported.RebuildTree(), e.slot == pref::kVolumeMode);
+    }
+}
+
+TEST_F(PrefDlgTest, CancelChangesNothing) {
+    const Settings before = prefs;
+    bool saved = false;
+    {
+        PrefDlg dlg(Context(/*alt=*/true));
+        QObject::connect(&dlg, &PrefDlg::PrefsSaved, [&] { saved = true; });
+        for (const Edit& e : EveryControl())
+            e.set(dlg);
+        Click(dlg, "PushButton1");
+        EXPECT_FALSE(dlg.Saved());
+    }
+    EXPECT_FALSE(saved);
+    EXPECT_FALSE(fs::exists(dir.path() / "pref"));
+    EXPECT_EQ(prefs.gPref, before.gPref);
+    EXPECT_EQ(prefs.gPrefS, before.gPrefS);
+}
+
+TEST_F(PrefDlgTest, TheLastPageShownComesBack) {
+    struct Case {
+        std::int64_t stored;
+        bool alt;
+        const char* title;
+        const char* pushed;
+        int buttons;
+    };
+    const Case cases[] = {
+        {3, false, "環境設定Google Earth", "ToolItem4", 5},
+        {0, true, "環境設定カラー", "ToolItem1", 6},
+        // The expert page without its button: shown, with the first button pushed.
+        {5, false, "環境設定エキスパート", "ToolItem1", 5},
+        {5, true, "環境設定エキスパート", "ToolItem6", 6},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.title);
+        prefs.gPref[pref::kPrefsPage] = c.stored;
+        PrefDlg dlg(Context(c.alt));
+        EXPECT_EQ(dlg.Page(), c.stored);
+        EXPECT_EQ(dlg.windowTitle(), QString::fromUtf8(c.title));
+        int checkable = 0;
+        for (QAction* a : dlg.findChildren<QAction*>()) {
+            if (!a->objectName().startsWith(QLatin1String("ToolItem"))) continue;
+            ++checkable;
+            EXPECT_EQ(a->isChecked(), a->objectName() == QLatin1String(c.pushed)) << c.pushed;
+        }
+        EXPECT_EQ(checkable, c.buttons);
+    }
+
+    // A page chosen from the toolbar is remembered through a cancel, and shown next time.
+    prefs.gPref[pref::kPrefsPage] = 0;
+    {
+        PrefDlg dlg(Context());
+        dlg.findChild<QAction*>("ToolItem3")->trigger();
+        EXPECT_EQ(dlg.windowTitle(), QStringLiteral("環境設定カメラ"));
+        Click(dlg, "PushButton1");
+    }
+    EXPECT_EQ(prefs.gPref[pref::kPrefsPage], 2);
+    PrefDlg again(Context());
+    EXPECT_EQ(again.Page(), 2);
+    EXPECT_TRUE(again.findChild<QAction*>("ToolItem3")->isChecked());
+}
+
+TEST_F(PrefDlgTest, ResetButtonsShowTheDefaultsUntilSaved) {
+    const std::tuple<const char*, const char*, std::int64_t, std::size_t> resets[] = {
+        {"PushButton8", "Canvas4", 0xD7DDE5, pref::kListBackColor},
+        {"PushButton4", "Canvas1", 0xFFFFC0, pref::kThumbBackColor},
+        {"PushButton7", "Canvas3", 0x0000FF, pref::kFolderNameColor},
+    };
+    for (const auto& [button, canvas, value, slot] : resets) {
+        prefs.gPref[slot] = 0x111111;
+        PrefDlg dlg(Context());
+        Click(dlg, button);
+        EXPECT_EQ(Find<ClrCanvas>(dlg, canvas)->Clr(), value) << button;
+        EXPECT_EQ(prefs.gPref[slot], 0x111111) << button;
+    }
+    prefs.gPref[pref::kSelectionColor] = 0x111111;
+    PrefDlg dlg(Context());
+    Click(dlg, "PushButton5");
+    const QColor h = QApplication::palette().color(QPalette::Active, QPalette::Highlight);
+    EXPECT_EQ(Find<ClrCanvas>(dlg, "Canvas2")->Clr(),
+              (std::int64_t{h.red()} << 16) | (h.green() << 8) | h.blue());
+}
+
+TEST_F(PrefDlgTest, ChooseAcceptsOnlyGoogleEarth) {
+    const fs::path pro = dir.path() / "earth" / "pro";
+    fs::create_directories(pro);
+    std::ofstream(pro / "googleearth-bin");
+    // Both programs may run; only the one beside googleearth-bin is Google Earth.
+    for (const fs::path& program : {pro / "google-earth-pro", dir.path() / "gimp"}) {
+        std::ofstream(program) << "#!/bin/sh\n";
+        fs::permissions(program, fs::perms::owner_all);
+    }
+    prefs.gPrefS[pref::kSGoogleEarthApp] = "/old/path";
+    const std::tuple<std::string, std::string, bool> cases[] = {
+        {(dir.path() / "gimp").string(), "/old/path", true},
+        {(pro / "google-earth-pro").string(), (pro / "google-earth-pro").string(), false},
+    };
+    for (const auto& [chosen, shown, cautioned] : cases) {
+        SCOPED_TRACE(chosen);
+        prompter.asked.clear();
+        prompter.files = {QString::fromStdString(chosen)};
+        PrefDlg dlg(Context());
+        Click(dlg, "PushButton6");
+        EXPECT_EQ(Find<QLineEdit>(dlg, "EditField5")->text().toStdString(), shown);
+        EXPECT_EQ(prompter.asked.contains(QStringLiteral("Google Earthではありません。")),
+                  cautioned);
+    }
+    // A cancelled chooser leaves the field alone and says nothing.
+    prompter.files.clear();
+    prompter.asked.clear();
+    PrefDlg dlg(Context());
+    Click(dlg, "PushButton6");
+    EXPECT_EQ(Find<QLineEdit>(dlg, "EditField5")->text(), QStringLiteral("/old/path"));
+    EXPECT_EQ(prompter.asked.size(), 1);
+}
+
+}  // namespace
+}  // namespace lumivex
