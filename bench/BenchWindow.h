@@ -1,6 +1,7 @@
 #pragma once
 // The main window as the benchmarks run it: default settings, no questions, 1280 by 800,
 // shown on the current platform.
+#include <QColor>
 #include <QTest>
 #include <cstdio>
 #include <filesystem>
@@ -50,6 +51,12 @@ class NoPrompter : public lumivex::Prompter {
         return std::nullopt;
     }
     std::optional<QString> ChooseFolder(QWidget*, const QString&) override { return std::nullopt; }
+    std::optional<QString> OpenFile(QWidget*, const QString&, const QString&) override {
+        return std::nullopt;
+    }
+    std::optional<QColor> ChooseColor(QWidget*, const QColor&, const QString&) override {
+        return std::nullopt;
+    }
 };
 
 class BenchWindow {
