@@ -185,11 +185,21 @@ void MainWindow::OutlineDidSelRow(int row, const QString& path) {
     }
 }
 
-// The grid flows again after an export, which may have held back a resize's flow; a card
-// that came during it is read now.
-void MainWindow::ExportEnded(const QString& nextFolder) {
-    ResizeTBC();
-    if (!nextFolder.isEmpty()) SelFolder1(nextFolder.toStdString());
+// What the sidebar asked for during an export happens now: a card that came is read, a card
+// that went leaves an empty grid.
+void MainWindow::ExportEnded() {
+    std::string next;
+    switch (pScan.EndExport(next)) {
+        case ScanController::RowStep::Start:
+            SelFolder1(next);
+            return;
+        case ScanController::RowStep::Clear:
+            ItemUnselect();
+            SelFolderClr();
+            return;
+        case ScanController::RowStep::Keep:
+            return;
+    }
 }
 
 // ---- layout and scrolling --------------------------------------------------------------

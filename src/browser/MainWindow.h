@@ -125,7 +125,7 @@ class MainWindow : public QMainWindow {
     void OutlineDidSelRow(int row, const QString& path);
     void InitCommands();
     void Turned();
-    void ExportEnded(const QString& nextFolder);
+    void ExportEnded();
 
     Settings& pPrefs;
     Prompter& pPrompter;

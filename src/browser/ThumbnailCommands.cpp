@@ -19,7 +19,7 @@ ThumbnailCommands::ThumbnailCommands(const Window& window, GoogleEarthLocator lo
     : w_(window),
       exporter_(w_.prefs, w_.prompter, w_.worker, w_.strip, w_.scan.Items(), w_.widget),
       earth_(w_.prompter, w_.widget, std::move(locator)) {
-    connect(&exporter_, &ExportController::exportFinished, this, &ThumbnailCommands::EndExport);
+    connect(&exporter_, &ExportController::exportFinished, this, &ThumbnailCommands::exportEnded);
 }
 
 bool ThumbnailCommands::Canvas1_ContextualMenuAction(const std::string& text) {
@@ -52,11 +52,7 @@ void ThumbnailCommands::ExportThumbNailAll() {
         return;
     }
     // Cancelled or nothing to export: no export ends, but a card may have come meanwhile.
-    if (!exporter_.ExportThumbNailAll()) EndExport();
-}
-
-void ThumbnailCommands::EndExport() {
-    emit exportEnded(QString::fromStdString(w_.scan.EndExport()));
+    if (!exporter_.ExportThumbNailAll()) emit exportEnded();
 }
 
 bool ThumbnailCommands::GenClipboard() {

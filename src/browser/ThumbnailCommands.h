@@ -70,12 +70,10 @@ class ThumbnailCommands : public QObject {
   signals:
     // Items turned: the grid must flow again and be painted.
     void turned();
-    // The export of every item has ended; `nextFolder` is the card folder that waited for
-    // it, empty when none.
-    void exportEnded(const QString& nextFolder);
+    // The export of every item has ended, or was not started after all.
+    void exportEnded();
 
   private:
-    void EndExport();
     bool Beep() const;
 
     Window w_;

@@ -35,7 +35,13 @@ bool ScanController::Begin(const std::string& path, int width, bool running) {
 ScanController::RowStep ScanController::Choose(int row, const std::string& path, bool running,
                                                bool autoSelecting) {
     if (exporting_) {
-        if (row >= 0 && autoSelecting) pending_ = path;
+        if (row < 0) {
+            pending_.clear();
+            emptyDue_ = true;
+        } else if (autoSelecting) {
+            pending_ = path;
+            emptyDue_ = false;
+        }
         return RowStep::Keep;
     }
     if (row < 0) {
@@ -95,13 +101,16 @@ bool ScanController::Reflow(int width, bool running) {
 bool ScanController::BeginExport(bool running) {
     if (running || exporting_) return false;
     exporting_ = true;
+    emptyDue_ = false;
     folderScan_ = false;
     return true;
 }
 
-std::string ScanController::EndExport() {
+ScanController::RowStep ScanController::EndExport(std::string& next) {
     exporting_ = false;
-    return TakePending();
+    next = TakePending();
+    if (!next.empty()) return RowStep::Start;
+    return std::exchange(emptyDue_, false) ? RowStep::Clear : RowStep::Keep;
 }
 
 void ScanController::Empty() {

@@ -55,9 +55,10 @@ class ScanController {
     // The export of every item is to start on the worker: false while a job runs or an export
     // is already under way. Until EndExport no scan starts and no selection empties the grid.
     bool BeginExport(bool running);
-    // The export has ended or was never started: the card folder that waited, taken; "" when
-    // none.
-    std::string EndExport();
+    // The export has ended or was never started: what the sidebar asked for meanwhile. Start
+    // with `next` set to the card folder that waited; Clear when the selection ended (a pulled
+    // card); Keep when nothing happened.
+    RowStep EndExport(std::string& next);
     bool Exporting() const { return exporting_; }
 
     std::vector<ItemRecord>& Items() { return items_; }
@@ -79,6 +80,7 @@ class ScanController {
     bool folderScan_ = false;  // the last job started was a folder scan
     bool dropRest_ = false;    // the grid was emptied while the worker ran
     bool exporting_ = false;   // the worker exports the list
+    bool emptyDue_ = false;    // the selection ended during the export
     bool flowDue_ = false;     // a re-flow was held back by the running scan
     std::string pending_;      // a card folder to read once the stopped scan has ended
 };

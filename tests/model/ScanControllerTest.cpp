@@ -128,8 +128,17 @@ TEST_F(ScanControllerTest, AnExportHoldsTheListAndItsEndIsNoScansEnd) {
     EXPECT_EQ(scan_.Items().size(), 3u);
     EXPECT_TRUE(scan_.Reflow(200, true));  // a turn during the export flows at once
     EXPECT_FALSE(scan_.Settle(200));       // the export's end is not a scan's
-    EXPECT_EQ(scan_.EndExport(), "/card");
+    std::string next;
+    EXPECT_EQ(scan_.EndExport(next), Step::Start);
+    EXPECT_EQ(next, "/card");
     EXPECT_FALSE(scan_.Exporting());
+
+    // A pulled card ends the selection during the next export: the grid empties after it.
+    ASSERT_TRUE(scan_.BeginExport(false));
+    EXPECT_EQ(scan_.Choose(-1, "", true, false), Step::Keep);
+    EXPECT_EQ(scan_.EndExport(next), Step::Clear);
+    ASSERT_TRUE(scan_.BeginExport(false));
+    EXPECT_EQ(scan_.EndExport(next), Step::Keep);
     EXPECT_EQ(scan_.Choose(6, "/c", false, false), Step::Start);
     EXPECT_TRUE(scan_.Begin(folder_, 320, false));
 }
