@@ -58,6 +58,8 @@ class ExportController : public QObject {
     bool Running() const { return timer_.isActive(); }
     // "中止": the export ends at the top of its next round; the files written stay.
     void PushButton1_Action();
+    // Tells the user that an export cannot start while another job runs.
+    void Refuse();
 
     // The displayed picture of the one selected item onto the clipboard; false otherwise.
     bool GenClipboard(int pCidxFlg, int pCidx) const;
@@ -82,7 +84,6 @@ class ExportController : public QObject {
                                                    int* chosen = nullptr);
     bool Protected(const std::filesystem::path& target) const;
     void WriteFailed();
-    void Refuse();
     void Feed();
     void Timer2_Action();
     int Caution(const QString& message, const QString& explanation, bool withCancel);

@@ -11,6 +11,7 @@
 #include "browser/RestingToolTip.h"
 #include "browser/ScanProgressStrip.h"
 #include "browser/ThumbnailCanvas.h"
+#include "browser/ThumbnailCommands.h"
 #include "browser/WindowFrame.h"
 #include "core/Settings.h"
 #include "model/ContextMenuItems.h"
@@ -44,7 +45,9 @@ void MainWindow::InitApp() {
     WatchVolumes();
     pFrame = std::make_unique<WindowFrame>(*this, *pSplit, *Canvas1, kScrollBarWidth);
     pFrame->Restore(pPrefs);
+    InitCommands();
     InitVal();
+    pThumbs->GetGoogleEarth();
     InitScrollbar();
     InitOffScreen(false);
     pToolTip->Start();
@@ -92,6 +95,13 @@ void MainWindow::WatchVolumes() {
     pVolumes = new VolumeWatcher([this] { return pOutline->Tree().Options().volumeMode; }, this);
     pOutline->ListenTo(*pVolumes);
     pEject = std::make_unique<CameraEject>(pPrompter, *pVolumes);
+}
+
+void MainWindow::InitCommands() {
+    pThumbs = std::make_unique<ThumbnailCommands>(
+        ThumbnailCommands::Window{pPrefs, pPrompter, pWorker, *pStrip, pScan, pSelection, this});
+    connect(pThumbs.get(), &ThumbnailCommands::turned, this, &MainWindow::Turned);
+    connect(pThumbs.get(), &ThumbnailCommands::exportEnded, this, &MainWindow::ExportEnded);
 }
 
 void MainWindow::InitVal() {
@@ -161,14 +171,36 @@ void MainWindow::PushButton1_Action() {
 }
 
 void MainWindow::OutlineDidSelRow(int row, const QString& path) {
-    ItemUnselect();
     const std::string folder = path.toStdString();
-    if (pScan.Choose(row, folder, pWorker.Running(), pOutline->AutoSelecting()) ==
-        ScanController::RowStep::Clear) {
-        SelFolderClr();
-        return;
+    switch (pScan.Choose(row, folder, pWorker.Running(), pOutline->AutoSelecting())) {
+        case ScanController::RowStep::Keep:
+            return;  // an export reads the list: the selection stays as well
+        case ScanController::RowStep::Clear:
+            ItemUnselect();
+            SelFolderClr();
+            return;
+        case ScanController::RowStep::Start:
+            ItemUnselect();
+            SelFolder1(folder);
+            return;
     }
-    SelFolder1(folder);
+}
+
+// What the sidebar asked for during an export happens now: a card that came is read, a card
+// that went leaves an empty grid.
+void MainWindow::ExportEnded() {
+    std::string next;
+    switch (pScan.EndExport(next)) {
+        case ScanController::RowStep::Start:
+            SelFolder1(next);
+            return;
+        case ScanController::RowStep::Clear:
+            ItemUnselect();
+            SelFolderClr();
+            return;
+        case ScanController::RowStep::Keep:
+            return;
+    }
 }
 
 // ---- layout and scrolling --------------------------------------------------------------
@@ -220,9 +252,57 @@ void MainWindow::Canvas1_MouseDown(int x, int y, Qt::MouseButton button,
     }
 }
 
+// The menu tests the file for a position itself: it offers Google Earth even when the
+// settings keep the toolbar's button off.
 QMenu* MainWindow::BuildContextMenu(QWidget* parent) {
-    const bool gps = pCommands.Enabled(CommandState::kGoogleEarth);
-    return MenuOfTexts(ContextMenuItems(pSelection.pCidxFlg, gps), parent);
+    const int flg = pSelection.pCidxFlg;
+    const bool gps = flg == 1 && pThumbs->SetBtnStatGPS(flg);
+    QMenu* menu = MenuOfTexts(ContextMenuItems(flg, gps), parent);
+    if (menu != nullptr)
+        connect(menu, &QMenu::triggered, this,
+                [this](QAction* a) { Canvas1_ContextualMenuAction(a->text()); });
+    return menu;
+}
+
+bool MainWindow::Canvas1_ContextualMenuAction(const QString& text) {
+    return pThumbs->Canvas1_ContextualMenuAction(text.toStdString());
+}
+
+// ---- thumbnail commands ----------------------------------------------------------------
+
+void MainWindow::ExportThumbNail(int mode) {
+    pThumbs->ExportThumbNail(mode);
+}
+
+void MainWindow::ExportThumbNailAll() {
+    pThumbs->ExportThumbNailAll();
+}
+
+void MainWindow::RotateImageL() {
+    pThumbs->RotateImageL();
+}
+
+void MainWindow::RotateImageR() {
+    pThumbs->RotateImageR();
+}
+
+bool MainWindow::GenClipboard() {
+    return pThumbs->GenClipboard();
+}
+
+void MainWindow::SelFileExifGPS(int index) {
+    pThumbs->SelFileExifGPS(index);
+}
+
+void MainWindow::LaunchGEarth() {
+    pThumbs->LaunchGEarth();
+}
+
+// Turned items change shape: the grid flows again (after the scan, when one runs) and the
+// turned pictures are painted.
+void MainWindow::Turned() {
+    ResizeTBC();
+    Canvas1->update();
 }
 
 void MainWindow::ItemUnselect() {
@@ -237,10 +317,8 @@ void MainWindow::SelectAll() {
 }
 
 void MainWindow::SetBtnStat(int state) {
-    // Whether the selected picture carries a position comes with the Google Earth hand-off;
-    // until then its command stays off.
     pCommands.SetBtnStat(state, pPrefs.gPref[pref::kGoogleEarthAllowed] == 1,
-                         [](int) { return false; });
+                         [this](int count) { return pThumbs && pThumbs->SetBtnStatGPS(count); });
 }
 
 const QString& MainWindow::ToolTipText() const {

@@ -1,7 +1,8 @@
 #pragma once
 // The main window: the sidebar and the thumbnail pane side by side. It owns the scan worker,
 // the scan's steps with the items and their layout, the selection, the command state, the
-// volume watcher and the progress strip; it draws and forwards, the model decides. The
+// thumbnail commands, the volume watcher and the progress strip; it draws and forwards, the
+// model decides. The
 // window is the application: closing it ends the program.
 #include <QMainWindow>
 #include <QTimer>
@@ -24,6 +25,7 @@ class QSplitter;
 namespace lumivex {
 
 class SidebarView;
+class ThumbnailCommands;
 class Prompter;
 class RestingToolTip;
 class ScanProgressStrip;
@@ -70,14 +72,25 @@ class MainWindow : public QMainWindow {
     void UnmountCam();
     void SetEjectScript(const std::filesystem::path& script) { pEject->SetScript(script); }
 
-    // The contextual menu for the present selection; its actions come with the commands.
+    // The contextual menu for the present selection, its items wired to their commands.
     QMenu* BuildContextMenu(QWidget* parent);
+    bool Canvas1_ContextualMenuAction(const QString& text);
+
+    // The thumbnail commands, for the contextual menu, the toolbar and the menu bar.
+    void ExportThumbNail(int mode);
+    void ExportThumbNailAll();
+    void RotateImageL();
+    void RotateImageR();
+    bool GenClipboard();
+    void SelFileExifGPS(int index);
+    void LaunchGEarth();
 
     // What the window holds, for the program's other parts and for tests.
     const std::vector<ItemRecord>& Items() const { return pScan.Items(); }
     const ItemSelection& Selection() const { return pSelection; }
     const CommandState& Commands() const { return pCommands; }
     CommandState& Commands() { return pCommands; }
+    ThumbnailCommands& Thumbs() { return *pThumbs; }
     ThumbnailCanvas* Canvas() const { return Canvas1; }
     QScrollBar* ScrollBar() const { return ScrollBarV; }
     SidebarView* Outline() const { return pOutline; }
@@ -110,6 +123,9 @@ class MainWindow : public QMainWindow {
     void Canvas1_MouseWheel(int lines);
     void Canvas1_MouseDown(int x, int y, Qt::MouseButton button, Qt::KeyboardModifiers mods);
     void OutlineDidSelRow(int row, const QString& path);
+    void InitCommands();
+    void Turned();
+    void ExportEnded();
 
     Settings& pPrefs;
     Prompter& pPrompter;
@@ -126,6 +142,7 @@ class MainWindow : public QMainWindow {
     CommandState pCommands;
     ScanWorker pWorker;
     std::unique_ptr<CameraEject> pEject;
+    std::unique_ptr<ThumbnailCommands> pThumbs;
     std::unique_ptr<WindowFrame> pFrame;
     std::unique_ptr<RestingToolTip> pToolTip;
 

@@ -24,7 +24,7 @@ void ScanController::SetLabels(TextWidth width, bool fullNames) {
 }
 
 bool ScanController::Begin(const std::string& path, int width, bool running) {
-    if (running || path.empty() || !IsFolder(path)) return false;
+    if (running || exporting_ || path.empty() || !IsFolder(path)) return false;
     folderScan_ = true;
     width_ = width;
     dropRest_ = false;
@@ -34,6 +34,16 @@ bool ScanController::Begin(const std::string& path, int width, bool running) {
 
 ScanController::RowStep ScanController::Choose(int row, const std::string& path, bool running,
                                                bool autoSelecting) {
+    if (exporting_) {
+        if (row < 0) {
+            pending_.clear();
+            emptyDue_ = true;
+        } else if (autoSelecting) {
+            pending_ = path;
+            emptyDue_ = false;
+        }
+        return RowStep::Keep;
+    }
     if (row < 0) {
         pending_.clear();
         return RowStep::Clear;
@@ -71,7 +81,7 @@ std::string ScanController::TakePending() {
 
 bool ScanController::Settle(int width) {
     if (!folderScan_) return false;
-    if (width != width_) {
+    if (width != width_ || flowDue_) {
         width_ = width;
         Flow();
     }
@@ -79,10 +89,28 @@ bool ScanController::Settle(int width) {
 }
 
 bool ScanController::Reflow(int width, bool running) {
-    if (running) return false;
+    if (running && folderScan_) {
+        flowDue_ = true;
+        return false;
+    }
     width_ = width;
     Flow();
     return true;
+}
+
+bool ScanController::BeginExport(bool running) {
+    if (running || exporting_) return false;
+    exporting_ = true;
+    emptyDue_ = false;
+    folderScan_ = false;
+    return true;
+}
+
+ScanController::RowStep ScanController::EndExport(std::string& next) {
+    exporting_ = false;
+    next = TakePending();
+    if (!next.empty()) return RowStep::Start;
+    return std::exchange(emptyDue_, false) ? RowStep::Clear : RowStep::Keep;
 }
 
 void ScanController::Empty() {
@@ -101,6 +129,7 @@ void ScanController::Measure(ItemRecord& item) const {
 }
 
 void ScanController::Flow() {
+    flowDue_ = false;
     layout_.InitCanvas();
     layout_.pYmax = 0;
     for (ItemRecord& item : items_)

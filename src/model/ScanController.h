@@ -1,8 +1,10 @@
 #pragma once
 // The steps of reading a folder into the grid, decided without Qt: when a scan starts or is
 // refused, what a sidebar selection does while one runs, what happens to items of a scan the
-// user left, and how arriving items are placed. The window owns the worker and the widgets
-// and does what it is told here; the items and their layout live here.
+// user left, and how arriving items are placed. The worker's other job, the export of every
+// item, passes through here too, so that a selection cannot pull the list from under it and
+// its end is never taken for a scan's. The window owns the worker and the widgets and does
+// what it is told here; the items and their layout live here.
 #include <functional>
 #include <string>
 #include <vector>
@@ -21,6 +23,7 @@ class ScanController {
     enum class RowStep {
         Start,  // read the folder (refused by Begin while a scan runs)
         Clear,  // empty the grid; a waiting card folder is read when the scan has stopped
+        Keep,   // nothing now: an export reads the list; a card folder waits for its end
     };
 
     // How labels are measured and whether they keep their extension; every item present is
@@ -43,11 +46,20 @@ class ScanController {
     // After the worker ended: the folder waiting to be read next, taken; "" when none.
     std::string TakePending();
     // After a folder scan ended with none waiting: the items flowed again when the pane was
-    // resized during the scan. False when the ended job was no folder scan.
+    // resized or an item turned during the scan. False when the ended job was no folder scan.
     bool Settle(int width);
-    // A resize: every item flowed again at `width`. False (held back until the scan's end)
-    // while a scan runs.
+    // A resize or a turn: every item flowed again at `width`. False (held back until the
+    // scan's end) while a scan runs; an export leaves the list as it is, so it flows at once.
     bool Reflow(int width, bool running);
+
+    // The export of every item is to start on the worker: false while a job runs or an export
+    // is already under way. Until EndExport no scan starts and no selection empties the grid.
+    bool BeginExport(bool running);
+    // The export has ended or was never started: what the sidebar asked for meanwhile. Start
+    // with `next` set to the card folder that waited; Clear when the selection ended (a pulled
+    // card); Keep when nothing happened.
+    RowStep EndExport(std::string& next);
+    bool Exporting() const { return exporting_; }
 
     std::vector<ItemRecord>& Items() { return items_; }
     const std::vector<ItemRecord>& Items() const { return items_; }
@@ -67,6 +79,9 @@ class ScanController {
     int width_ = 0;            // the pane width the items are placed for
     bool folderScan_ = false;  // the last job started was a folder scan
     bool dropRest_ = false;    // the grid was emptied while the worker ran
+    bool exporting_ = false;   // the worker exports the list
+    bool emptyDue_ = false;    // the selection ended during the export
+    bool flowDue_ = false;     // a re-flow was held back by the running scan
     std::string pending_;      // a card folder to read once the stopped scan has ended
 };
 

@@ -36,6 +36,8 @@ class CardMountTest : public ::testing::Test {
         app_ = std::make_unique<App>(prompter_, root_ / "settings");
         app_->InitApp();
         app_->Prefs().gPref[pref::kEjectAtQuit] = 1;  // eject at quit
+        app_->Prefs().gPref[pref::kGoogleEarthAllowed] =
+            0;  // no Google Earth: its search would ask at start
         w_ = app_->MakeWindow();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(w_));
     }

@@ -4,6 +4,9 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
 #include <QMenu>
 #include <QProgressBar>
 #include <QPushButton>
@@ -18,9 +21,12 @@
 #include "ScratchDir.h"
 #include "ScriptedPrompter.h"
 #include "app/App.h"
+#include "browser/ExifInfoGPS.h"
+#include "browser/ExportController.h"
 #include "browser/MainWindow.h"
 #include "browser/ScanProgressStrip.h"
 #include "browser/ThumbnailCanvas.h"
+#include "browser/ThumbnailCommands.h"
 #include "core/PrefFile.h"
 #include "sidebar/SidebarView.h"
 #include "sidebar/VolumeWatcher.h"
@@ -39,7 +45,10 @@ class MainWindowTest : public ::testing::Test {
         ::setenv("XDG_CONFIG_HOME", (root_ / "home" / ".config").c_str(), 1);
         app_ = std::make_unique<App>(prompter_, root_ / "settings");
     }
-    void TearDown() override { app_.reset(); }
+    void TearDown() override {
+        app_.reset();
+        if (!oldPath_.empty()) ::setenv("PATH", oldPath_.c_str(), 1);
+    }
 
     MainWindow* Start() {
         app_->InitApp();
@@ -83,7 +92,37 @@ class MainWindowTest : public ::testing::Test {
         QTest::mouseClick(w_->Canvas(), b, mods, QPoint(r.x + 1, r.y + 1));
     }
 
+    // A Google Earth Pro on PATH that writes down the file it is handed; the file it writes.
+    fs::path FakeGoogleEarth() {
+        const fs::path dir = root_ / "earth";
+        fs::create_directories(dir);
+        std::ofstream(dir / "googleearth-bin") << "";
+        const fs::path handed = dir / "handed";
+        std::ofstream(dir / "google-earth-pro")
+            << "#!/bin/sh\nprintf %s \"$1\" > '" << handed.string() << "'\n";
+        fs::permissions(dir / "google-earth-pro", fs::perms::owner_all, fs::perm_options::add);
+        oldPath_ = ::getenv("PATH");
+        ::setenv("PATH", (dir.string() + ":" + oldPath_).c_str(), 1);
+        return handed;
+    }
+    // A folder of two: IMG_0001.JPG taken in Tokyo, IMG_0002.JPG without a position.
+    fs::path GpsFolder() {
+        const fs::path dir = Folder(root_ / "gps", {"IMG_0002.JPG"});
+        fixtures::ExifJpegBuilder b;
+        b.Ifd0().Ascii(0x010F, "M");
+        b.JpegThumbnail(100, 75);
+        b.Gps().Ascii(0x0001, "N").Rational(0x0002, {{35, 1}, {40, 1}, {30, 1}});
+        b.Gps().Ascii(0x0003, "E").Rational(0x0004, {{139, 1}, {45, 1}, {0, 1}});
+        b.Write(dir / "IMG_0001.JPG");
+        return dir;
+    }
+    static std::string Bytes(const fs::path& file) {
+        std::ifstream f(file, std::ios::binary);
+        return {std::istreambuf_iterator<char>(f), {}};
+    }
+
     fixtures::ScratchDir scratch_;
+    std::string oldPath_;
     fs::path root_ = scratch_.path();
     fs::path desktop_ = root_ / "home" / "Desktop";
     ScriptedPrompter prompter_;
@@ -161,8 +200,11 @@ TEST_F(MainWindowTest, StopKeepsAPrefixAndASecondSelectionDuringAScanIsDropped) 
 
 TEST_F(MainWindowTest, TheFrameIsSavedAtCloseAndComesBackAndAMissingFileIsSaid) {
     Start();
+    // No Google Earth here: the user is told, and the scripted cancel is "利用しない".
     ASSERT_EQ(prompter_.asked, QStringList({QString::fromUtf8(PrefFile::kNoFileMessage.data(),
-                                                              PrefFile::kNoFileMessage.size())}));
+                                                              PrefFile::kNoFileMessage.size()),
+                                            "Google Earthが見つかりませんでした。"}));
+    EXPECT_EQ(app_->Prefs().gPref[pref::kGoogleEarthAllowed], 0);
     w_->resize(900, 600);
     QCoreApplication::processEvents();
     CanvasWidth(500);
@@ -268,6 +310,116 @@ TEST_F(MainWindowTest, TheQuitEjectsOnlyAStillMountedCardAndSaysWhatWentWrong) {
     w_->SetEjectScript(root_ / "missing.sh");
     w_->UnmountCam();
     EXPECT_EQ(prompter_.asked.back(), "file not found.");
+}
+
+TEST_F(MainWindowTest, EachContextMenuTextReachesItsCommand) {
+    const fs::path handed = FakeGoogleEarth();
+    const fs::path dir = GpsFolder();
+    const fs::path thumb = root_ / "thumb.jpg";
+    Start();
+    EXPECT_EQ(app_->Prefs().gPrefS[pref::kSGoogleEarthApp],
+              (root_ / "earth" / "google-earth-pro").string());
+    ASSERT_TRUE(Scan(dir));
+    Click(0);
+    const auto& items = w_->Items();
+    const int x1 = items[1].x;
+    prompter_.files = {QString::fromStdString(thumb.string())};
+    QGuiApplication::clipboard()->clear();
+    const struct {
+        const char* text;
+        std::function<bool()> done;
+    } cases[] = {
+        {"右に回転",
+         [&] { return items[0].rot == 1 && items[0].w == 75 && items[1].x == x1 - 25; }},
+        {"左に回転", [&] { return items[0].rot == 0 && items[0].w == 100 && items[1].x == x1; }},
+        {"exif形式で書き出し...",  // the embedded JPEG, byte for byte
+         [&] {
+             const std::string t = Bytes(thumb);
+             return t.size() > 100 && t.substr(0, 2) == "\xFF\xD8" &&
+                    Bytes(dir / "IMG_0001.JPG").find(t) != std::string::npos;
+         }},
+        {"クリップボードにコピー",
+         [&] { return QGuiApplication::clipboard()->image().size() == QSize(100, 75); }},
+        {"Exif情報",
+         [&] {
+             auto* d = w_->findChild<ExifInfoGPS*>();
+             return d != nullptr && d->isVisible() && d->FileNameLabel()->text() == "IMG_0001.JPG";
+         }},
+        {"Google Earthを起動",
+         [&] {
+             return QTest::qWaitFor([&] { return !Bytes(handed).empty(); }, 5000) &&
+                    Bytes(Bytes(handed)).find("<coordinates>139.75,35.675,0") != std::string::npos;
+         }},
+    };
+    std::unique_ptr<QMenu> menu(w_->BuildContextMenu(nullptr));
+    for (const auto& c : cases) {
+        QAction* hit = nullptr;
+        for (QAction* a : menu->actions())
+            if (a->text() == QString::fromUtf8(c.text)) hit = a;
+        ASSERT_NE(hit, nullptr) << c.text;
+        hit->trigger();
+        EXPECT_TRUE(c.done()) << c.text;
+    }
+    EXPECT_FALSE(w_->Canvas1_ContextualMenuAction(QStringLiteral("-")));
+}
+
+TEST_F(MainWindowTest, CommandsFollowTheSelectionAndGoogleEarthNeedsAPosition) {
+    FakeGoogleEarth();
+    const fs::path dir = GpsFolder();
+    Start();
+    ASSERT_TRUE(Scan(dir));
+    const struct {
+        std::vector<int> clicks;  // the first plain, the rest with Shift
+        int use;                  // the setting that allows Google Earth
+        bool info, earth, menuEarth;
+    } cases[] = {
+        {{0}, 1, true, true, true},
+        {{1}, 1, true, false, false},      // no position in the file
+        {{0, 1}, 1, false, false, false},  // two selected
+        {{0}, 0, true, false, true},       // the menu asks the file, not the setting
+    };
+    for (const auto& c : cases) {
+        app_->Prefs().gPref[pref::kGoogleEarthAllowed] = c.use;
+        for (std::size_t i = 0; i < c.clicks.size(); ++i)
+            Click(c.clicks[i], i == 0 ? Qt::KeyboardModifiers{} : Qt::ShiftModifier);
+        const int at = c.clicks[0];
+        EXPECT_EQ(w_->Commands().Enabled(CommandState::kExifInfo), c.info) << at;
+        EXPECT_EQ(w_->Commands().Enabled(CommandState::kGoogleEarth), c.earth) << at;
+        std::unique_ptr<QMenu> menu(w_->BuildContextMenu(nullptr));
+        EXPECT_EQ(menu->actions().back()->text() == "Google Earthを起動", c.menuEarth) << at;
+    }
+}
+
+TEST_F(MainWindowTest, ExportAllEndsWithoutAScansEndAndACardWaitsForIt) {
+    const fs::path big = Folder(root_ / "big", Numbered(800), 16, 12);
+    Folder(desktop_ / "Other", Numbered(2));
+    const fs::path card = root_ / "card";
+    Folder(card / "DCIM" / "100TEST", {"DSC_0000.JPG"}, 16, 12);
+    const fs::path out = root_ / "out";
+    fs::create_directories(out);
+    Start();
+    ASSERT_TRUE(Scan(big));
+    QSignalSpy scans(w_, &MainWindow::scanFinished);
+    QSignalSpy exported(&w_->Thumbs().Exporter(), &ExportController::exportFinished);
+    prompter_.files = {QString::fromStdString(out.string())};
+    w_->ExportThumbNailAll();
+    ASSERT_TRUE(w_->ScanRunning());
+    // A click on a folder is dropped, a second export refused, a card waits for the end.
+    SidebarView* o = w_->Outline();
+    const int row = o->RowOfPath((desktop_ / "Other").string());
+    QTest::mouseClick(o->viewport(), Qt::LeftButton, {},
+                      o->visualRect(o->IndexOfRow(row)).center());
+    w_->ExportThumbNailAll();
+    EXPECT_EQ(prompter_.asked.back(), "ほかの処理を実行中です。");
+    w_->Outline()->getPost(SidebarView::VolumeEvent::Mount, card.string());
+    EXPECT_EQ(w_->Items().size(), 800u);
+
+    ASSERT_TRUE(exported.wait(20000));
+    EXPECT_EQ(scans.count(), 0);
+    EXPECT_EQ(std::distance(fs::directory_iterator(out), fs::directory_iterator()), 800);
+    ASSERT_TRUE(scans.wait(10000));  // then the card is read
+    ASSERT_EQ(w_->Items().size(), 1u);
+    EXPECT_EQ(w_->Items()[0].fname, "DSC_0000.JPG");
 }
 
 }  // namespace

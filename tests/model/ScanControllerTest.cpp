@@ -96,5 +96,52 @@ TEST_F(ScanControllerTest, ItemsArePlacedAndCutLabelsMarkedBeforeAnyPaint) {
     EXPECT_EQ(items[2].compact, false);
 }
 
+TEST_F(ScanControllerTest, AnExportHoldsTheListAndItsEndIsNoScansEnd) {
+    ASSERT_TRUE(scan_.Begin(folder_, 320, false));
+    scan_.Take(Batch({"A.JPG", "B.JPG", "C.JPG"}), 0);
+    // A turn while the scan runs waits for the scan's end, even at an unchanged width.
+    std::swap(scan_.Items()[0].w, scan_.Items()[0].h);
+    EXPECT_FALSE(scan_.Reflow(320, true));
+    const int before = scan_.Items()[1].x;
+    ASSERT_TRUE(scan_.Settle(320));
+    EXPECT_EQ(scan_.Items()[1].x, before - 25);
+
+    EXPECT_FALSE(scan_.BeginExport(true));  // the worker is busy
+    ASSERT_TRUE(scan_.BeginExport(false));
+    EXPECT_FALSE(scan_.BeginExport(false));  // one export at a time
+    EXPECT_FALSE(scan_.Begin(folder_, 320, false));
+    const struct {
+        int row;
+        const char* path;
+        bool autoSelecting;
+        bool pending;
+    } steps[] = {
+        {3, "/a", false, false},   // dropped
+        {-1, "", false, false},    // the grid stays for the export
+        {4, "/card", true, true},  // the card's folder waits for the end
+        {5, "/b", false, true},    // and keeps waiting
+    };
+    for (const auto& s : steps) {
+        EXPECT_EQ(scan_.Choose(s.row, s.path, true, s.autoSelecting), Step::Keep) << s.row;
+        EXPECT_EQ(scan_.Pending(), s.pending) << s.row;
+    }
+    EXPECT_EQ(scan_.Items().size(), 3u);
+    EXPECT_TRUE(scan_.Reflow(200, true));  // a turn during the export flows at once
+    EXPECT_FALSE(scan_.Settle(200));       // the export's end is not a scan's
+    std::string next;
+    EXPECT_EQ(scan_.EndExport(next), Step::Start);
+    EXPECT_EQ(next, "/card");
+    EXPECT_FALSE(scan_.Exporting());
+
+    // A pulled card ends the selection during the next export: the grid empties after it.
+    ASSERT_TRUE(scan_.BeginExport(false));
+    EXPECT_EQ(scan_.Choose(-1, "", true, false), Step::Keep);
+    EXPECT_EQ(scan_.EndExport(next), Step::Clear);
+    ASSERT_TRUE(scan_.BeginExport(false));
+    EXPECT_EQ(scan_.EndExport(next), Step::Keep);
+    EXPECT_EQ(scan_.Choose(6, "/c", false, false), Step::Start);
+    EXPECT_TRUE(scan_.Begin(folder_, 320, false));
+}
+
 }  // namespace
 }  // namespace lumivex
