@@ -3,12 +3,14 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <thread>
 
 #include "cli/CliSettings.h"
 #include "cli/CommandLine.h"
 #include "cli/ProgressLine.h"
+#include "core/ErrorText.h"
 #include "core/OutputFile.h"
 #include "exif/ExifReader.h"
 #include "scan/BatchExtractor.h"
@@ -26,6 +28,11 @@ void Summary(std::FILE* out, std::size_t entries, std::size_t written, std::size
     std::fprintf(out, "files %zu, written %zu, skipped %zu, %.3f s, %.0f files/s\n", entries,
                  written, skipped, seconds,
                  seconds > 0 ? static_cast<double>(entries) / seconds : 0.0);
+}
+
+// A failed write is an error of the run; a skip is only news when asked for.
+void Report(std::FILE* err, bool failed, const std::string& name, const std::string& why) {
+    std::fprintf(err, "%s: %s: %s\n", failed ? "lumivex" : "skip", name.c_str(), why.c_str());
 }
 
 }  // namespace
@@ -56,8 +63,11 @@ int ThumbsCommand::Run(const std::vector<std::string>& args, std::FILE* out, std
         return 1;
     }
     std::filesystem::create_directories(o.out, ec);
-    if (!std::filesystem::is_directory(o.out, ec)) {
-        std::fprintf(err, "lumivex: %s: 書き出し先のフォルダを作れません。\n", o.out.c_str());
+    if (!ec && !std::filesystem::is_directory(o.out, ec) && !ec)
+        ec = std::make_error_code(std::errc::not_a_directory);
+    if (ec) {
+        std::fprintf(err, "lumivex: %s: 書き出し先のフォルダを作れません（%s）。\n", o.out.c_str(),
+                     ErrorText(ec.value()).c_str());
         return 1;
     }
     return o.raw ? Raw(o, out, err) : Extract(o, out, err);
@@ -72,6 +82,7 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
     const auto& names = listing.Entries();
     struct Result {
         bool written = false;
+        bool failed = false;  // a write that went wrong, reported whether verbose or not
         std::string why;
     };
     const unsigned threads = std::max(1u, std::min(4u, std::thread::hardware_concurrency()));
@@ -83,7 +94,8 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
     // The target folder is opened once and every file is created in it by name.
     const int outFd = ::open(o.out.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (outFd < 0) {
-        std::fprintf(err, "lumivex: %s: 書き出し先のフォルダを作れません。\n", o.out.c_str());
+        std::fprintf(err, "lumivex: %s: 書き出し先のフォルダを開けません（%s）。\n", o.out.c_str(),
+                     ErrorText(errno).c_str());
         return 1;
     }
     ProgressLine progress(err, "書き出し中...", names.size());
@@ -110,7 +122,8 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
                     r.why = "同じ名前のファイルがあります";
                     break;
                 case OutputFile::Result::Failed:
-                    r.why = "書き込めません";
+                    r.failed = true;
+                    r.why = block->suggestedName + " を書き込めません（" + ErrorText(errno) + "）";
                     break;
             }
         },
@@ -119,10 +132,10 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
                 ++written;
             } else {
                 ++skipped;
-                failed = failed || r.why == "書き込めません";
-                if (o.verbose) {
+                failed = failed || r.failed;
+                if (o.verbose || r.failed) {
                     progress.Finish();
-                    std::fprintf(err, "skip: %s: %s\n", names[i].c_str(), r.why.c_str());
+                    Report(err, r.failed, names[i], r.why);
                 }
             }
             progress.Update(i + 1);
@@ -143,6 +156,7 @@ int ThumbsCommand::Extract(const Options& o, std::FILE* out, std::FILE* err) con
     progress.Finish();
     const auto report = BatchExtractor::Write(records, o.folder, o.out);
     std::size_t skipped = report.skipped.size();
+    bool failed = false;
     for (const auto& r : records) {
         if (!r.ifd1) {
             ++skipped;
@@ -150,11 +164,12 @@ int ThumbsCommand::Extract(const Options& o, std::FILE* out, std::FILE* err) con
                 std::fprintf(err, "skip: %s: %s\n", r.fname.c_str(), "サムネイルがありません");
         }
     }
-    if (o.verbose)
-        for (const auto& s : report.skipped)
-            std::fprintf(err, "skip: %s: %s\n", s.fname.c_str(), s.reason.c_str());
+    for (const auto& s : report.skipped) {
+        failed = failed || s.failed;
+        if (o.verbose || s.failed) Report(err, s.failed, s.fname, s.reason);
+    }
     Summary(out, entries, report.written, skipped, start);
-    return 0;
+    return failed ? 1 : 0;
 }
 
 }  // namespace lumivex

@@ -26,7 +26,8 @@ class BatchExtractor {
     };
     struct Skipped {
         std::string fname;
-        std::string reason;  // Japanese, for the user
+        std::string reason;   // Japanese, for the user
+        bool failed = false;  // a write that went wrong, not a file deliberately left alone
     };
     struct Report {
         std::size_t written = 0;
