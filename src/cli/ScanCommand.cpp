@@ -4,6 +4,7 @@
 
 #include "cli/CliSettings.h"
 #include "cli/CommandLine.h"
+#include "cli/FolderCheck.h"
 #include "cli/ProgressLine.h"
 #include "scan/FolderScan.h"
 
@@ -15,13 +16,10 @@ int ScanCommand::Run(const std::vector<std::string>& args, std::FILE* out, std::
         return 2;
     const bool verbose = line.Has("--verbose");
     const std::vector<std::string>& folders = line.Operands();
-    std::error_code ec;
-    if (!std::filesystem::is_directory(folders[0], ec)) {
-        std::fprintf(err, "lumivex: %s: フォルダが見つかりません。\n", folders[0].c_str());
-        return 1;
-    }
+    if (!FolderCheck::Exists(folders[0], err)) return 1;
     const auto start = std::chrono::steady_clock::now();
     FolderScan scan(folders[0], ScanOptions::FromSettings(CliSettings::Load()));
+    if (!FolderCheck::Listed(scan, folders[0], err)) return 1;
     ProgressLine progress(err, "読み込み中...", scan.EntryCount());
     std::size_t seen = 0;
     const ScanStats stats = scan.Run(

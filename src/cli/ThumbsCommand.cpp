@@ -9,6 +9,7 @@
 
 #include "cli/CliSettings.h"
 #include "cli/CommandLine.h"
+#include "cli/FolderCheck.h"
 #include "cli/ProgressLine.h"
 #include "core/ErrorText.h"
 #include "core/OutputFile.h"
@@ -57,11 +58,8 @@ bool ThumbsCommand::Parse(const std::vector<std::string>& args, Options& o, std:
 int ThumbsCommand::Run(const std::vector<std::string>& args, std::FILE* out, std::FILE* err) {
     Options o;
     if (!Parse(args, o, err)) return 2;
+    if (!FolderCheck::Exists(o.folder, err)) return 1;
     std::error_code ec;
-    if (!std::filesystem::is_directory(o.folder, ec)) {
-        std::fprintf(err, "lumivex: %s: フォルダが見つかりません。\n", o.folder.c_str());
-        return 1;
-    }
     std::filesystem::create_directories(o.out, ec);
     if (!ec && !std::filesystem::is_directory(o.out, ec) && !ec)
         ec = std::make_error_code(std::errc::not_a_directory);
@@ -79,6 +77,7 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
     const auto start = Clock::now();
     const ScanOptions scanOptions = ScanOptions::FromSettings(CliSettings::Load());
     const FolderScan listing(o.folder, scanOptions);
+    if (!FolderCheck::Listed(listing, o.folder, err)) return 1;
     const auto& names = listing.Entries();
     struct Result {
         bool written = false;
@@ -149,7 +148,9 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
 int ThumbsCommand::Extract(const Options& o, std::FILE* out, std::FILE* err) const {
     const auto start = Clock::now();
     ScanOptions scanOptions = ScanOptions::FromSettings(CliSettings::Load());
-    const std::size_t entries = FolderScan(o.folder, scanOptions).EntryCount();
+    const FolderScan listing(o.folder, scanOptions);
+    if (!FolderCheck::Listed(listing, o.folder, err)) return 1;
+    const std::size_t entries = listing.EntryCount();
     ProgressLine progress(err, "読み込み中...", entries);
     const auto records = BatchExtractor::Collect(o.folder, std::move(scanOptions),
                                                  [&](std::size_t n) { progress.Update(n); });

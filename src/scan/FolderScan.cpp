@@ -3,6 +3,7 @@
 #include <dirent.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <thread>
 
 #include "exif/ExifReader.h"
@@ -11,14 +12,22 @@
 namespace lumivex {
 namespace {
 
-std::vector<std::string> ListNames(const std::filesystem::path& folder) {
+// The folder's entry names; `error` is set when the folder could not be listed to its end.
+std::vector<std::string> ListNames(const std::filesystem::path& folder, int& error) {
     std::vector<std::string> names;
     DIR* dir = ::opendir(folder.c_str());
-    if (dir == nullptr) return names;
-    while (const dirent* e = ::readdir(dir)) {
+    if (dir == nullptr) {
+        error = errno;
+        return names;
+    }
+    for (;;) {
+        errno = 0;  // readdir tells the end from a failure (a pulled card) only this way
+        const dirent* e = ::readdir(dir);
+        if (e == nullptr) break;
         const std::string_view name = e->d_name;
         if (name != "." && name != "..") names.emplace_back(name);
     }
+    error = errno;
     ::closedir(dir);
     std::sort(names.begin(), names.end());
     return names;
@@ -59,7 +68,9 @@ struct FolderScan::Slot {
 };
 
 FolderScan::FolderScan(std::filesystem::path folder, ScanOptions options)
-    : folder_(std::move(folder)), options_(std::move(options)), names_(ListNames(folder_)) {}
+    : folder_(std::move(folder)),
+      options_(std::move(options)),
+      names_(ListNames(folder_, listError_)) {}
 
 void FolderScan::Read(ExifReader& x, std::size_t i, Slot& slot) const {
     slot = Slot{};

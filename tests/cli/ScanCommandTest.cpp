@@ -1,4 +1,5 @@
-// `lumivex scan`: one line an item in name order, the skips on request, and the cost.
+// `lumivex scan`: one line an item in name order, the skips on request, and the cost; and what
+// every command that reads a folder makes of one that cannot be read.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -7,9 +8,12 @@
 #include "CommandOutput.h"
 #include "ExifJpegBuilder.h"
 #include "cli/ScanCommand.h"
+#include "cli/ThumbsCommand.h"
 
 namespace lumivex::test {
 namespace {
+
+namespace fs = std::filesystem;
 
 TEST(ScanCommand, ItemsInNameOrderSkipsAndCost) {
     fixtures::ScratchDir dir;
@@ -27,6 +31,34 @@ TEST(ScanCommand, ItemsInNameOrderSkipsAndCost) {
     EXPECT_EQ(o.err, "skip: c.txt: 画像ファイルの拡張子ではありません\n");
     EXPECT_EQ(RunCommand<ScanCommand>({dir.path()}).err, "");
     EXPECT_EQ(RunCommand<ScanCommand>({dir.path() / "none"}).status, 1);
+}
+
+// A folder that cannot be listed is an error with its reason, never an empty folder.
+TEST(ScanCommand, UnreadableFolderFailsEveryCommand) {
+    fixtures::ScratchDir dir;
+    fs::permissions(dir.path(), fs::perms::all);  // the unprivileged child walks in too
+    const fs::path card = dir.path() / "card";
+    fs::create_directories(card);
+    std::ofstream(card / "a.jpg") << "x";
+    fs::permissions(card, fs::perms::owner_exec);  // can be entered, not listed
+    using Runner =
+        std::optional<Output> (*)(const std::vector<std::string>&, const std::function<bool()>&);
+    const struct {
+        Runner run;
+        std::vector<std::string> args;
+    } cases[] = {
+        {RunInChild<ScanCommand>, {card}},
+        {RunInChild<ThumbsCommand>, {"--out", dir.path() / "out", card}},
+        {RunInChild<ThumbsCommand>, {"--raw", "--out", dir.path() / "raw", card}},
+    };
+    for (const auto& c : cases) {
+        const auto o = c.run(c.args, Unprivileged);
+        if (!o) GTEST_SKIP() << "cannot drop privileges here";
+        EXPECT_EQ(o->status, 1) << c.args[0];
+        EXPECT_EQ(o->err, "lumivex: " + card.string() +
+                              ": フォルダを読み込めません（アクセス権がありません）。\n");
+        EXPECT_EQ(o->out, "");
+    }
 }
 
 }  // namespace

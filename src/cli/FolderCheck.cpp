@@ -1,0 +1,33 @@
+#include "cli/FolderCheck.h"
+
+#include <sys/stat.h>
+
+#include <cerrno>
+
+#include "core/ErrorText.h"
+#include "scan/FolderScan.h"
+
+namespace lumivex {
+
+bool FolderCheck::Exists(const std::filesystem::path& folder, std::FILE* err) {
+    struct stat st {};
+    const int rc = ::stat(folder.c_str(), &st);
+    if (rc == 0 && S_ISDIR(st.st_mode)) return true;
+    const int error = rc == 0 ? ENOTDIR : errno;
+    if (error == ENOENT || error == ENOTDIR)
+        std::fprintf(err, "lumivex: %s: フォルダが見つかりません。\n", folder.c_str());
+    else
+        std::fprintf(err, "lumivex: %s: フォルダを開けません（%s）。\n", folder.c_str(),
+                     ErrorText(error).c_str());
+    return false;
+}
+
+bool FolderCheck::Listed(const FolderScan& scan, const std::filesystem::path& folder,
+                         std::FILE* err) {
+    if (scan.ListError() == 0) return true;
+    std::fprintf(err, "lumivex: %s: フォルダを読み込めません（%s）。\n", folder.c_str(),
+                 ErrorText(scan.ListError()).c_str());
+    return false;
+}
+
+}  // namespace lumivex
