@@ -30,4 +30,11 @@ bool FolderCheck::Listed(const FolderScan& scan, const std::filesystem::path& fo
     return false;
 }
 
+bool FolderCheck::Same(const std::filesystem::path& a, const std::filesystem::path& b) {
+    struct stat sa {};
+    struct stat sb {};
+    return ::stat(a.c_str(), &sa) == 0 && ::stat(b.c_str(), &sb) == 0 && sa.st_dev == sb.st_dev &&
+           sa.st_ino == sb.st_ino;
+}
+
 }  // namespace lumivex

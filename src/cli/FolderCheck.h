@@ -14,6 +14,8 @@ class FolderCheck {
     static bool Exists(const std::filesystem::path& folder, std::FILE* err);
     // False when the scan could not list the folder, or not to its end.
     static bool Listed(const FolderScan& scan, const std::filesystem::path& folder, std::FILE* err);
+    // True when both paths name one folder, whatever the way to it (a link, a bind mount).
+    static bool Same(const std::filesystem::path& a, const std::filesystem::path& b);
 };
 
 }  // namespace lumivex

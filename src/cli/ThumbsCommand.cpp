@@ -68,6 +68,11 @@ int ThumbsCommand::Run(const std::vector<std::string>& args, std::FILE* out, std
                      ErrorText(ec.value()).c_str());
         return 1;
     }
+    // Either mode: a card's folder only ever gets read.
+    if (FolderCheck::Same(o.folder, o.out)) {
+        std::fprintf(err, "lumivex: %s: 取り出し先が元のフォルダと同じです。\n", o.out.c_str());
+        return 1;
+    }
     return o.raw ? Raw(o, out, err) : Extract(o, out, err);
 }
 

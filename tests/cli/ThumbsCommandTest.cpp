@@ -99,5 +99,23 @@ TEST(ThumbsCommand, FailedWritesAreReportedAndFailTheRun) {
     }
 }
 
+// Neither mode writes into the folder it reads, however the target names it.
+TEST(ThumbsCommand, NeverWritesIntoTheSourceFolder) {
+    fixtures::ScratchDir dir;
+    const fs::path card = dir.path() / "card", link = dir.path() / "link";
+    fs::create_directories(card);
+    fs::create_directory_symlink(card, link);
+    fixtures::ExifJpegBuilder b;
+    b.Ifd0().Ascii(0x010F, "M");
+    b.StripThumbnail(8, 4).Write(card / "b.JPG");  // --raw would write b.tiff
+    for (const auto& args : {std::vector<std::string>{"--raw", "--out", link, card},
+                             std::vector<std::string>{"--out", link, card}}) {
+        const Output o = RunCommand<ThumbsCommand>(args);
+        EXPECT_EQ(o.status, 1) << args[0];
+        ExpectPieces(o.err, {"取り出し先が元のフォルダと同じです"});
+        EXPECT_EQ(std::distance(fs::directory_iterator(card), {}), 1) << args[0];
+    }
+}
+
 }  // namespace
 }  // namespace lumivex::test
