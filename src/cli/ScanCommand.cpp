@@ -31,7 +31,8 @@ int ScanCommand::Run(const std::vector<std::string>& args, std::FILE* out, std::
         [&](const std::string& name, SkipReason reason) {
             if (verbose) {
                 progress.Finish();
-                std::fprintf(err, "skip: %s: %s\n", name.c_str(), SkipReasonText(reason));
+                std::fprintf(err, "skip: %s: %s\n", name.c_str(),
+                             SkipText(folders[0] / std::filesystem::path(name), reason).c_str());
             }
             progress.Update(++seen);
         });

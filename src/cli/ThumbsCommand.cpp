@@ -115,7 +115,7 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
             x.fitem = o.folder / names[i];
             const auto block = x.ReadThumbnailBlock();
             if (!block) {
-                r.why = SkipReasonText(x.ret ? SkipReason::NoThumbnail : SkipReason::NoExif);
+                r.why = SkipText(x.fitem, SkipReasonOf(x.Opened(), x.ret));
                 return;
             }
             switch (OutputFile::CreateNewIn(outFd, block->suggestedName.c_str(), block->bytes)) {
@@ -166,8 +166,7 @@ int ThumbsCommand::Extract(const Options& o, std::FILE* out, std::FILE* err) con
     for (const auto& r : records) {
         if (!r.ifd1) {
             ++skipped;
-            if (o.verbose)
-                std::fprintf(err, "skip: %s: %s\n", r.fname.c_str(), "サムネイルがありません");
+            if (o.verbose) Report(err, false, r.fname, SkipText(o.folder / r.fname, r.reason));
         }
     }
     for (const auto& s : report.skipped) {

@@ -44,7 +44,8 @@ std::vector<BatchExtractor::Record> BatchExtractor::CollectFrom(
             tick();
         },
         [&](const std::string& name, SkipReason reason) {
-            if (reason != SkipReason::NotAnImageName) records.push_back(Record{name, false, {}});
+            if (reason != SkipReason::NotAnImageName)
+                records.push_back(Record{name, false, {}, reason});
             tick();
         });
     return records;

@@ -11,6 +11,7 @@
 
 #include "core/Picture.h"
 #include "scan/ScanOptions.h"
+#include "scan/SkipReason.h"
 
 namespace lumivex {
 
@@ -23,6 +24,7 @@ class BatchExtractor {
         std::string fname;
         bool ifd1 = false;  // a thumbnail was extracted
         Picture pict;
+        SkipReason reason = SkipReason::NoThumbnail;  // why not, when ifd1 is false
     };
     struct Skipped {
         std::string fname;

@@ -33,32 +33,7 @@ std::vector<std::string> ListNames(const std::filesystem::path& folder, int& err
     return names;
 }
 
-SkipReason ReasonOf(ExifReader::Outcome outcome) {
-    switch (outcome) {
-        case ExifReader::Outcome::Unreadable:
-            return SkipReason::Unreadable;
-        case ExifReader::Outcome::NoExif:
-            return SkipReason::NoExif;
-        default:
-            return SkipReason::NoThumbnail;
-    }
-}
-
 }  // namespace
-
-const char* SkipReasonText(SkipReason reason) {
-    switch (reason) {
-        case SkipReason::NotAnImageName:
-            return "画像ファイルの拡張子ではありません";
-        case SkipReason::Unreadable:
-            return "ファイルを読み込めません";
-        case SkipReason::NoExif:
-            return "Exif情報がありません";
-        case SkipReason::NoThumbnail:
-            return "サムネイルがありません";
-    }
-    return "";
-}
 
 // One entry's result, filled by whichever thread took the entry and read by the hand-out.
 struct FolderScan::Slot {
@@ -82,7 +57,7 @@ void FolderScan::Read(ExifReader& x, std::size_t i, Slot& slot) const {
     x.GetThumbNail();
     slot.hit = x.ret;
     if (!x.ret) {
-        slot.reason = ReasonOf(x.outcome);
+        slot.reason = SkipReasonOf(x.Opened(), x.outcome != ExifReader::Outcome::NoExif);
         return;
     }
     slot.item = ScanItem{names_[i], x.fitem.string(), std::move(x.Thumbnail), 0, 0, x.Rotate};

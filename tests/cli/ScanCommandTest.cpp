@@ -1,6 +1,7 @@
 // `lumivex scan`: one line an item in name order, the skips on request, and the cost; and what
 // every command that reads a folder makes of one that cannot be read.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 #include <fstream>
@@ -58,6 +59,29 @@ TEST(ScanCommand, UnreadableFolderFailsEveryCommand) {
         EXPECT_EQ(o->err, "lumivex: " + card.string() +
                               ": フォルダを読み込めません（アクセス権がありません）。\n");
         EXPECT_EQ(o->out, "");
+    }
+}
+
+// Entries that cannot be read get one reason, the true one, from every command.
+TEST(ScanCommand, SkipReasonsAgreeAcrossCommands) {
+    fixtures::ScratchDir dir;
+    const fs::path card = dir.path() / "card";
+    fs::create_directories(card / "dir.jpg");
+    fs::create_symlink(card / "none.jpg", card / "gone.jpg");
+    ASSERT_EQ(::mkfifo((card / "pipe.jpg").c_str(), 0644), 0);
+    std::ofstream(card / "plain.jpg") << "not a picture";
+    const std::string skips =
+        "skip: dir.jpg: フォルダです\n"
+        "skip: gone.jpg: リンク先がありません\n"
+        "skip: pipe.jpg: 通常のファイルではありません\n"
+        "skip: plain.jpg: Exif情報がありません\n";
+    const fs::path out = dir.path() / "out";
+    for (const Output& o :
+         {RunCommand<ScanCommand>({"--verbose", card}),
+          RunCommand<ThumbsCommand>({"--verbose", "--out", out, card}),
+          RunCommand<ThumbsCommand>({"--raw", "--verbose", "--out", out, card})}) {
+        EXPECT_EQ(o.status, 0);
+        EXPECT_EQ(o.err, skips);
     }
 }
 
