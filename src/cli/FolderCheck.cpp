@@ -4,6 +4,7 @@
 
 #include <cerrno>
 
+#include "cli/TerminalText.h"
 #include "core/ErrorText.h"
 #include "scan/FolderScan.h"
 
@@ -11,22 +12,23 @@ namespace lumivex {
 
 bool FolderCheck::Exists(const std::filesystem::path& folder, std::FILE* err) {
     struct stat st {};
-    const int rc = ::stat(folder.c_str(), &st);
+    const int rc = ::stat(TerminalText(folder.string()).c_str(), &st);
     if (rc == 0 && S_ISDIR(st.st_mode)) return true;
     const int error = rc == 0 ? ENOTDIR : errno;
     if (error == ENOENT || error == ENOTDIR)
-        std::fprintf(err, "lumivex: %s: フォルダが見つかりません。\n", folder.c_str());
+        std::fprintf(err, "lumivex: %s: フォルダが見つかりません。\n",
+                     TerminalText(folder.string()).c_str());
     else
-        std::fprintf(err, "lumivex: %s: フォルダを開けません（%s）。\n", folder.c_str(),
-                     ErrorText(error).c_str());
+        std::fprintf(err, "lumivex: %s: フォルダを開けません（%s）。\n",
+                     TerminalText(folder.string()).c_str(), ErrorText(error).c_str());
     return false;
 }
 
 bool FolderCheck::Listed(const FolderScan& scan, const std::filesystem::path& folder,
                          std::FILE* err) {
     if (scan.ListError() == 0) return true;
-    std::fprintf(err, "lumivex: %s: フォルダを読み込めません（%s）。\n", folder.c_str(),
-                 ErrorText(scan.ListError()).c_str());
+    std::fprintf(err, "lumivex: %s: フォルダを読み込めません（%s）。\n",
+                 TerminalText(folder.string()).c_str(), ErrorText(scan.ListError()).c_str());
     return false;
 }
 

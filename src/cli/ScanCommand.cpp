@@ -6,6 +6,7 @@
 #include "cli/CommandLine.h"
 #include "cli/FolderCheck.h"
 #include "cli/ProgressLine.h"
+#include "cli/TerminalText.h"
 #include "scan/FolderScan.h"
 
 namespace lumivex {
@@ -25,13 +26,14 @@ int ScanCommand::Run(const std::vector<std::string>& args, std::FILE* out, std::
     const ScanStats stats = scan.Run(
         [&](ScanItem&& item) {
             progress.Finish();
-            std::fprintf(out, "%s %dx%d %d\n", item.fname.c_str(), item.w, item.h, item.rotate);
+            std::fprintf(out, "%s %dx%d %d\n", TerminalText(item.fname).c_str(), item.w, item.h,
+                         item.rotate);
             progress.Update(++seen);
         },
         [&](const std::string& name, SkipReason reason) {
             if (verbose) {
                 progress.Finish();
-                std::fprintf(err, "skip: %s: %s\n", name.c_str(),
+                std::fprintf(err, "skip: %s: %s\n", TerminalText(name).c_str(),
                              SkipText(folders[0] / std::filesystem::path(name), reason).c_str());
             }
             progress.Update(++seen);

@@ -11,6 +11,7 @@
 #include "cli/CommandLine.h"
 #include "cli/FolderCheck.h"
 #include "cli/ProgressLine.h"
+#include "cli/TerminalText.h"
 #include "core/ErrorText.h"
 #include "core/OutputFile.h"
 #include "exif/ExifReader.h"
@@ -33,7 +34,8 @@ void Summary(std::FILE* out, std::size_t entries, std::size_t written, std::size
 
 // A failed write is an error of the run; a skip is only news when asked for.
 void Report(std::FILE* err, bool failed, const std::string& name, const std::string& why) {
-    std::fprintf(err, "%s: %s: %s\n", failed ? "lumivex" : "skip", name.c_str(), why.c_str());
+    std::fprintf(err, "%s: %s: %s\n", failed ? "lumivex" : "skip", TerminalText(name).c_str(),
+                 TerminalText(why).c_str());
 }
 
 }  // namespace
@@ -64,13 +66,14 @@ int ThumbsCommand::Run(const std::vector<std::string>& args, std::FILE* out, std
     if (!ec && !std::filesystem::is_directory(o.out, ec) && !ec)
         ec = std::make_error_code(std::errc::not_a_directory);
     if (ec) {
-        std::fprintf(err, "lumivex: %s: 書き出し先のフォルダを作れません（%s）。\n", o.out.c_str(),
-                     ErrorText(ec.value()).c_str());
+        std::fprintf(err, "lumivex: %s: 書き出し先のフォルダを作れません（%s）。\n",
+                     TerminalText(o.out.string()).c_str(), ErrorText(ec.value()).c_str());
         return 1;
     }
     // Either mode: a card's folder only ever gets read.
     if (FolderCheck::Same(o.folder, o.out)) {
-        std::fprintf(err, "lumivex: %s: 取り出し先が元のフォルダと同じです。\n", o.out.c_str());
+        std::fprintf(err, "lumivex: %s: 取り出し先が元のフォルダと同じです。\n",
+                     TerminalText(o.out.string()).c_str());
         return 1;
     }
     return o.raw ? Raw(o, out, err) : Extract(o, out, err);
@@ -96,10 +99,11 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
     std::size_t written = 0, skipped = 0;
     bool failed = false;
     // The target folder is opened once and every file is created in it by name.
-    const int outFd = ::open(o.out.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int outFd =
+        ::open(TerminalText(o.out.string()).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (outFd < 0) {
-        std::fprintf(err, "lumivex: %s: 書き出し先のフォルダを開けません（%s）。\n", o.out.c_str(),
-                     ErrorText(errno).c_str());
+        std::fprintf(err, "lumivex: %s: 書き出し先のフォルダを開けません（%s）。\n",
+                     TerminalText(o.out.string()).c_str(), ErrorText(errno).c_str());
         return 1;
     }
     ProgressLine progress(err, "書き出し中...", names.size());

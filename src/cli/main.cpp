@@ -18,7 +18,11 @@ void Usage(std::FILE* to) {
         "  thumbs [--raw] [--out DIR] [--verbose] FOLDER\n"
         "                          the thumbnails of a folder's pictures into DIR (default: .),\n"
         "                          as body.jpg re-encoded, or with --raw the embedded bytes\n"
-        "  scan [--verbose] FOLDER the folder's thumbnails as the browser reads them, timed\n",
+        "  scan [--verbose] FOLDER the folder's thumbnails as the browser reads them, timed\n"
+        "Text output shows control characters escaped (\\x1b, \\u009b) and bytes that are not\n"
+        "UTF-8 as \\xHH. In JSON such a byte of a file name is \\udcHH (U+DC80..U+DCFF); the\n"
+        "name's bytes come back with Python's os.fsencode(name), or by taking each such\n"
+        "character as the byte 0xHH and encoding the rest as UTF-8.\n",
         to);
 }
 
