@@ -12,7 +12,7 @@ namespace lumivex {
 
 bool FolderCheck::Exists(const std::filesystem::path& folder, std::FILE* err) {
     struct stat st {};
-    const int rc = ::stat(TerminalText(folder.string()).c_str(), &st);
+    const int rc = ::stat(folder.c_str(), &st);
     if (rc == 0 && S_ISDIR(st.st_mode)) return true;
     const int error = rc == 0 ? ENOTDIR : errno;
     if (error == ENOENT || error == ENOTDIR)

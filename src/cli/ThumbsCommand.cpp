@@ -99,8 +99,7 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
     std::size_t written = 0, skipped = 0;
     bool failed = false;
     // The target folder is opened once and every file is created in it by name.
-    const int outFd =
-        ::open(TerminalText(o.out.string()).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const int outFd = ::open(o.out.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (outFd < 0) {
         std::fprintf(err, "lumivex: %s: 書き出し先のフォルダを開けません（%s）。\n",
                      TerminalText(o.out.string()).c_str(), ErrorText(errno).c_str());

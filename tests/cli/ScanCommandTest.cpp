@@ -65,7 +65,7 @@ TEST(ScanCommand, UnreadableFolderFailsEveryCommand) {
 // Entries that cannot be read get one reason, the true one, from every command.
 TEST(ScanCommand, SkipReasonsAgreeAcrossCommands) {
     fixtures::ScratchDir dir;
-    const fs::path card = dir.path() / "card";
+    const fs::path card = dir.path() / "card\x1b\xff";  // shown escaped, opened as it is
     fs::create_directories(card / "dir.jpg");
     fs::create_symlink(card / "none.jpg", card / "gone.jpg");
     ASSERT_EQ(::mkfifo((card / "pipe.jpg").c_str(), 0644), 0);
@@ -75,7 +75,7 @@ TEST(ScanCommand, SkipReasonsAgreeAcrossCommands) {
         "skip: gone.jpg: リンク先がありません\n"
         "skip: pipe.jpg: 通常のファイルではありません\n"
         "skip: plain.jpg: Exif情報がありません\n";
-    const fs::path out = dir.path() / "out";
+    const fs::path out = dir.path() / "out\x1b\xff";
     for (const Output& o :
          {RunCommand<ScanCommand>({"--verbose", card}),
           RunCommand<ThumbsCommand>({"--verbose", "--out", out, card}),
