@@ -1,5 +1,6 @@
 #include "cli/FolderCheck.h"
 
+#include <dirent.h>
 #include <sys/stat.h>
 
 #include <cerrno>
@@ -9,11 +10,27 @@
 #include "scan/FolderScan.h"
 
 namespace lumivex {
+namespace {
+
+// Opened once before anything else is done, so that a folder that cannot be read stops the
+// command before it makes its target folder.
+bool Opens(const std::filesystem::path& folder, std::FILE* err) {
+    DIR* dir = ::opendir(folder.c_str());
+    if (dir != nullptr) {
+        ::closedir(dir);
+        return true;
+    }
+    std::fprintf(err, "lumivex: %s: フォルダを読み込めません（%s）。\n",
+                 TerminalText(folder.string()).c_str(), ErrorText(errno).c_str());
+    return false;
+}
+
+}  // namespace
 
 bool FolderCheck::Exists(const std::filesystem::path& folder, std::FILE* err) {
     struct stat st {};
     const int rc = ::stat(folder.c_str(), &st);
-    if (rc == 0 && S_ISDIR(st.st_mode)) return true;
+    if (rc == 0 && S_ISDIR(st.st_mode)) return Opens(folder, err);
     const int error = rc == 0 ? ENOTDIR : errno;
     if (error == ENOENT || error == ENOTDIR)
         std::fprintf(err, "lumivex: %s: フォルダが見つかりません。\n",

@@ -10,7 +10,7 @@ class FolderScan;
 
 class FolderCheck {
   public:
-    // False when `folder` is missing, no folder, or cannot be looked at.
+    // False when `folder` is missing, no folder, or cannot be looked at or opened.
     static bool Exists(const std::filesystem::path& folder, std::FILE* err);
     // False when the scan could not list the folder, or not to its end.
     static bool Listed(const FolderScan& scan, const std::filesystem::path& folder, std::FILE* err);

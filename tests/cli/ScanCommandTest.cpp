@@ -60,6 +60,7 @@ TEST(ScanCommand, UnreadableFolderFailsEveryCommand) {
                               ": フォルダを読み込めません（アクセス権がありません）。\n");
         EXPECT_EQ(o->out, "");
     }
+    EXPECT_FALSE(fs::exists(dir.path() / "out"));  // nothing made for a run that cannot be
 }
 
 // Entries that cannot be read get one reason, the true one, from every command.
