@@ -11,6 +11,7 @@
 #include "exif/ExifReader.h"
 #include "exif/ExifReport.h"
 #include "scan/OrderedParallel.h"
+#include "scan/SkipReason.h"
 
 namespace lumivex {
 namespace {
@@ -122,8 +123,8 @@ int InfoCommand::Run(const std::vector<std::string>& args, std::FILE* out, std::
         [&](std::size_t i, FileResult& r) {
             if (!r.opened) {
                 Flush(buffer, out, true);
-                std::fprintf(err, "lumivex: %s: ファイルを開けません。\n",
-                             TerminalText(files[i]).c_str());
+                std::fprintf(err, "lumivex: %s: %s。\n", TerminalText(files[i]).c_str(),
+                             SkipText(files[i], SkipReason::Unreadable).c_str());
                 status = 1;
             }
             buffer += r.text;

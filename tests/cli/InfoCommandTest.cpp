@@ -55,7 +55,8 @@ TEST(InfoCommand, JsonTextAndExitStatus) {
 
     const Output missing = RunInfo({"--json", dir.path() / "none.jpg", a});
     EXPECT_EQ(missing.status, 1);
-    ExpectPieces(missing.err, {"none.jpg"});
+    EXPECT_EQ(missing.err,
+              "lumivex: " + (dir.path() / "none.jpg").string() + ": ファイルが見つかりません。\n");
     ExpectPieces(missing.out, {"none.jpg\",\"exif\":false", "a.JPG\",\"exif\":true"});
     EXPECT_EQ(RunInfo({}).status, 2);
 }
