@@ -7,10 +7,11 @@
 
 #include "cli/CommandLine.h"
 #include "cli/JsonWriter.h"
-#include "core/DisplayText.h"
+#include "cli/TerminalText.h"
 #include "exif/ExifReader.h"
 #include "exif/ExifReport.h"
 #include "scan/OrderedParallel.h"
+#include "scan/SkipReason.h"
 
 namespace lumivex {
 namespace {
@@ -40,10 +41,15 @@ void AppendDict(JsonWriter& json, const char* name, const ExifDict& dict) {
     json.Raw("}");
 }
 
-// Report texts end their lines with a carriage return; a terminal wants line feeds.
+// Report texts end their lines with a carriage return; a terminal wants line feeds. Any
+// other control character came from a tag's value and is shown escaped.
 void AppendLines(std::string& out, std::string_view text) {
-    for (const char c : text)
-        out += c == '\r' ? '\n' : c;
+    for (std::size_t start = 0; start < text.size();) {
+        const std::size_t end = std::min(text.find('\r', start), text.size());
+        out += TerminalText(text.substr(start, end - start));
+        if (end < text.size()) out += '\n';
+        start = end + 1;
+    }
 }
 
 void Flush(std::string& buffer, std::FILE* out, bool force) {
@@ -67,7 +73,7 @@ void InfoCommand::AppendJson(const std::string& file, const ExifReader& x, std::
 }
 
 void InfoCommand::AppendText(const std::string& file, const ExifReader& x, std::string& out) const {
-    out += "== " + DisplayText(file) + " ==\n";
+    out += "== " + TerminalText(file) + " ==\n";
     if (!x.ret) {
         out += "Exif情報がありません。\n\n";
         return;
@@ -81,7 +87,7 @@ void InfoCommand::AppendText(const std::string& file, const ExifReader& x, std::
     for (const auto& item : x.IFDg) {
         const std::string& key = item.key;
         const auto text = ExifReport::Value(x.IFDg, key);
-        out += key + "=" + (text ? *text : std::string()) + "\n";
+        out += TerminalText(key) + "=" + TerminalText(text ? *text : std::string()) + "\n";
     }
     if (!x.IFDg.Empty()) out += '\n';
 }
@@ -117,7 +123,8 @@ int InfoCommand::Run(const std::vector<std::string>& args, std::FILE* out, std::
         [&](std::size_t i, FileResult& r) {
             if (!r.opened) {
                 Flush(buffer, out, true);
-                std::fprintf(err, "lumivex: %s: ファイルを開けません。\n", files[i].c_str());
+                std::fprintf(err, "lumivex: %s: %s。\n", TerminalText(files[i]).c_str(),
+                             SkipText(files[i], SkipReason::Unreadable).c_str());
                 status = 1;
             }
             buffer += r.text;

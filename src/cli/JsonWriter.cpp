@@ -19,8 +19,12 @@ bool NeedsNoEscape(char ch) {
 }  // namespace
 
 void JsonWriter::Escaped(std::string_view utf8) {
-    static constexpr char kHex[] = "0123456789abcdef";
     out_ += '"';
+    Body(utf8);
+    out_ += '"';
+}
+
+void JsonWriter::Body(std::string_view utf8) {
     std::size_t plain = 0;  // copy runs that need no escape in one append
     while (plain < utf8.size() && NeedsNoEscape(utf8[plain]))
         ++plain;
@@ -31,14 +35,18 @@ void JsonWriter::Escaped(std::string_view utf8) {
             out_ += '\\';
             out_ += ch;
         } else if (c < 0x20) {
-            out_ += "\\u00";
-            out_ += kHex[c >> 4];
-            out_ += kHex[c & 15];
+            Hex("\\u00", c);
         } else {
             out_ += ch;
         }
     }
-    out_ += '"';
+}
+
+void JsonWriter::Hex(const char* prefix, unsigned char byte) {
+    static constexpr char kHex[] = "0123456789abcdef";
+    out_ += prefix;
+    out_ += kHex[byte >> 4];
+    out_ += kHex[byte & 15];
 }
 
 void JsonWriter::Bytes(std::string_view bytes) {
@@ -48,7 +56,20 @@ void JsonWriter::Bytes(std::string_view bytes) {
 }
 
 void JsonWriter::Text(std::string_view text) {
-    Escaped(IsValidUtf8(text) ? std::string(text) : Latin1ToUtf8(text));
+    out_ += '"';
+    std::size_t run = 0;  // start of the valid UTF-8 not yet written
+    for (std::size_t i = 0; i < text.size();) {
+        const std::size_t n = Utf8SequenceLength(text, i);
+        if (n > 0) {
+            i += n;
+            continue;
+        }
+        Body(text.substr(run, i - run));
+        Hex("\\udc", static_cast<unsigned char>(text[i]));  // always 80 to ff
+        run = ++i;
+    }
+    Body(text.substr(run));
+    out_ += '"';
 }
 
 void JsonWriter::Integer(std::int64_t value) {

@@ -4,7 +4,9 @@
 
 #include "cli/CliSettings.h"
 #include "cli/CommandLine.h"
+#include "cli/FolderCheck.h"
 #include "cli/ProgressLine.h"
+#include "cli/TerminalText.h"
 #include "scan/FolderScan.h"
 
 namespace lumivex {
@@ -15,25 +17,24 @@ int ScanCommand::Run(const std::vector<std::string>& args, std::FILE* out, std::
         return 2;
     const bool verbose = line.Has("--verbose");
     const std::vector<std::string>& folders = line.Operands();
-    std::error_code ec;
-    if (!std::filesystem::is_directory(folders[0], ec)) {
-        std::fprintf(err, "lumivex: %s: フォルダが見つかりません。\n", folders[0].c_str());
-        return 1;
-    }
+    if (!FolderCheck::Exists(folders[0], err)) return 1;
     const auto start = std::chrono::steady_clock::now();
     FolderScan scan(folders[0], ScanOptions::FromSettings(CliSettings::Load()));
+    if (!FolderCheck::Listed(scan, folders[0], err)) return 1;
     ProgressLine progress(err, "読み込み中...", scan.EntryCount());
     std::size_t seen = 0;
     const ScanStats stats = scan.Run(
         [&](ScanItem&& item) {
             progress.Finish();
-            std::fprintf(out, "%s %dx%d %d\n", item.fname.c_str(), item.w, item.h, item.rotate);
+            std::fprintf(out, "%s %dx%d %d\n", TerminalText(item.fname).c_str(), item.w, item.h,
+                         item.rotate);
             progress.Update(++seen);
         },
         [&](const std::string& name, SkipReason reason) {
             if (verbose) {
                 progress.Finish();
-                std::fprintf(err, "skip: %s: %s\n", name.c_str(), SkipReasonText(reason));
+                std::fprintf(err, "skip: %s: %s\n", TerminalText(name).c_str(),
+                             SkipText(folders[0] / std::filesystem::path(name), reason).c_str());
             }
             progress.Update(++seen);
         });

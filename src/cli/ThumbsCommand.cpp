@@ -3,12 +3,16 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <thread>
 
 #include "cli/CliSettings.h"
 #include "cli/CommandLine.h"
+#include "cli/FolderCheck.h"
 #include "cli/ProgressLine.h"
+#include "cli/TerminalText.h"
+#include "core/ErrorText.h"
 #include "core/OutputFile.h"
 #include "exif/ExifReader.h"
 #include "scan/BatchExtractor.h"
@@ -26,6 +30,12 @@ void Summary(std::FILE* out, std::size_t entries, std::size_t written, std::size
     std::fprintf(out, "files %zu, written %zu, skipped %zu, %.3f s, %.0f files/s\n", entries,
                  written, skipped, seconds,
                  seconds > 0 ? static_cast<double>(entries) / seconds : 0.0);
+}
+
+// A failed write is an error of the run; a skip is only news when asked for.
+void Report(std::FILE* err, bool failed, const std::string& name, const std::string& why) {
+    std::fprintf(err, "%s: %s: %s\n", failed ? "lumivex" : "skip", TerminalText(name).c_str(),
+                 TerminalText(why).c_str());
 }
 
 }  // namespace
@@ -50,14 +60,20 @@ bool ThumbsCommand::Parse(const std::vector<std::string>& args, Options& o, std:
 int ThumbsCommand::Run(const std::vector<std::string>& args, std::FILE* out, std::FILE* err) {
     Options o;
     if (!Parse(args, o, err)) return 2;
+    if (!FolderCheck::Exists(o.folder, err)) return 1;
     std::error_code ec;
-    if (!std::filesystem::is_directory(o.folder, ec)) {
-        std::fprintf(err, "lumivex: %s: フォルダが見つかりません。\n", o.folder.c_str());
+    std::filesystem::create_directories(o.out, ec);
+    if (!ec && !std::filesystem::is_directory(o.out, ec) && !ec)
+        ec = std::make_error_code(std::errc::not_a_directory);
+    if (ec) {
+        std::fprintf(err, "lumivex: %s: 書き出し先のフォルダを作れません（%s）。\n",
+                     TerminalText(o.out.string()).c_str(), ErrorText(ec.value()).c_str());
         return 1;
     }
-    std::filesystem::create_directories(o.out, ec);
-    if (!std::filesystem::is_directory(o.out, ec)) {
-        std::fprintf(err, "lumivex: %s: 書き出し先のフォルダを作れません。\n", o.out.c_str());
+    // Either mode: a card's folder only ever gets read.
+    if (FolderCheck::Same(o.folder, o.out)) {
+        std::fprintf(err, "lumivex: %s: 取り出し先が元のフォルダと同じです。\n",
+                     TerminalText(o.out.string()).c_str());
         return 1;
     }
     return o.raw ? Raw(o, out, err) : Extract(o, out, err);
@@ -69,9 +85,11 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
     const auto start = Clock::now();
     const ScanOptions scanOptions = ScanOptions::FromSettings(CliSettings::Load());
     const FolderScan listing(o.folder, scanOptions);
+    if (!FolderCheck::Listed(listing, o.folder, err)) return 1;
     const auto& names = listing.Entries();
     struct Result {
         bool written = false;
+        bool failed = false;  // a write that went wrong, reported whether verbose or not
         std::string why;
     };
     const unsigned threads = std::max(1u, std::min(4u, std::thread::hardware_concurrency()));
@@ -83,7 +101,8 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
     // The target folder is opened once and every file is created in it by name.
     const int outFd = ::open(o.out.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (outFd < 0) {
-        std::fprintf(err, "lumivex: %s: 書き出し先のフォルダを作れません。\n", o.out.c_str());
+        std::fprintf(err, "lumivex: %s: 書き出し先のフォルダを開けません（%s）。\n",
+                     TerminalText(o.out.string()).c_str(), ErrorText(errno).c_str());
         return 1;
     }
     ProgressLine progress(err, "書き出し中...", names.size());
@@ -99,7 +118,7 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
             x.fitem = o.folder / names[i];
             const auto block = x.ReadThumbnailBlock();
             if (!block) {
-                r.why = SkipReasonText(x.ret ? SkipReason::NoThumbnail : SkipReason::NoExif);
+                r.why = SkipText(x.fitem, SkipReasonOf(x.Opened(), x.ret));
                 return;
             }
             switch (OutputFile::CreateNewIn(outFd, block->suggestedName.c_str(), block->bytes)) {
@@ -110,7 +129,8 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
                     r.why = "同じ名前のファイルがあります";
                     break;
                 case OutputFile::Result::Failed:
-                    r.why = "書き込めません";
+                    r.failed = true;
+                    r.why = block->suggestedName + " を書き込めません（" + ErrorText(errno) + "）";
                     break;
             }
         },
@@ -119,10 +139,10 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
                 ++written;
             } else {
                 ++skipped;
-                failed = failed || r.why == "書き込めません";
-                if (o.verbose) {
+                failed = failed || r.failed;
+                if (o.verbose || r.failed) {
                     progress.Finish();
-                    std::fprintf(err, "skip: %s: %s\n", names[i].c_str(), r.why.c_str());
+                    Report(err, r.failed, names[i], r.why);
                 }
             }
             progress.Update(i + 1);
@@ -136,25 +156,28 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
 int ThumbsCommand::Extract(const Options& o, std::FILE* out, std::FILE* err) const {
     const auto start = Clock::now();
     ScanOptions scanOptions = ScanOptions::FromSettings(CliSettings::Load());
-    const std::size_t entries = FolderScan(o.folder, scanOptions).EntryCount();
+    const FolderScan listing(o.folder, scanOptions);
+    if (!FolderCheck::Listed(listing, o.folder, err)) return 1;
+    const std::size_t entries = listing.EntryCount();
     ProgressLine progress(err, "読み込み中...", entries);
     const auto records = BatchExtractor::Collect(o.folder, std::move(scanOptions),
                                                  [&](std::size_t n) { progress.Update(n); });
     progress.Finish();
     const auto report = BatchExtractor::Write(records, o.folder, o.out);
     std::size_t skipped = report.skipped.size();
+    bool failed = false;
     for (const auto& r : records) {
         if (!r.ifd1) {
             ++skipped;
-            if (o.verbose)
-                std::fprintf(err, "skip: %s: %s\n", r.fname.c_str(), "サムネイルがありません");
+            if (o.verbose) Report(err, false, r.fname, SkipText(o.folder / r.fname, r.reason));
         }
     }
-    if (o.verbose)
-        for (const auto& s : report.skipped)
-            std::fprintf(err, "skip: %s: %s\n", s.fname.c_str(), s.reason.c_str());
+    for (const auto& s : report.skipped) {
+        failed = failed || s.failed;
+        if (o.verbose || s.failed) Report(err, s.failed, s.fname, s.reason);
+    }
     Summary(out, entries, report.written, skipped, start);
-    return 0;
+    return failed ? 1 : 0;
 }
 
 }  // namespace lumivex

@@ -2,7 +2,7 @@
 // `lumivex thumbs [--raw] [--out DIR] [--verbose] FOLDER`: takes the thumbnails out of a
 // folder's pictures into DIR (default: the current folder). By default each is re-encoded as
 // body + ".jpg"; with --raw the embedded bytes are written unchanged under the export name.
-// An existing file is never replaced.
+// An existing file is never replaced, and nothing is written into the source folder.
 #include <cstdio>
 #include <filesystem>
 #include <string>

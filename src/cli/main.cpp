@@ -4,39 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "cli/InfoCommand.h"
-#include "cli/ScanCommand.h"
-#include "cli/ThumbsCommand.h"
+#include "cli/TopCommand.h"
 #include "core/HeapTuning.h"
-
-namespace {
-
-void Usage(std::FILE* to) {
-    std::fputs(
-        "usage: lumivex COMMAND [ARGS]\n"
-        "  info [--json] FILE...   the Exif report of each file, or its tags as JSON lines\n"
-        "  thumbs [--raw] [--out DIR] [--verbose] FOLDER\n"
-        "                          the thumbnails of a folder's pictures into DIR (default: .),\n"
-        "                          as body.jpg re-encoded, or with --raw the embedded bytes\n"
-        "  scan [--verbose] FOLDER the folder's thumbnails as the browser reads them, timed\n",
-        to);
-}
-
-}  // namespace
 
 int main(int argc, char** argv) {
     lumivex::TuneHeapForScans();
-    std::vector<std::string> args(argv + 1, argv + argc);
-    if (args.empty() || args[0] == "--help" || args[0] == "-h") {
-        Usage(args.empty() ? stderr : stdout);
-        return args.empty() ? 2 : 0;
-    }
-    const std::string command = args[0];
-    args.erase(args.begin());
-    if (command == "info") return lumivex::InfoCommand().Run(args, stdout, stderr);
-    if (command == "thumbs") return lumivex::ThumbsCommand().Run(args, stdout, stderr);
-    if (command == "scan") return lumivex::ScanCommand().Run(args, stdout, stderr);
-    std::fprintf(stderr, "lumivex: unknown command '%s'\n", command.c_str());
-    Usage(stderr);
-    return 2;
+    return lumivex::TopCommand().Run(std::vector<std::string>(argv + 1, argv + argc), stdout,
+                                     stderr);
 }

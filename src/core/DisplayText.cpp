@@ -3,10 +3,7 @@
 #include <cstdint>
 
 namespace lumivex {
-namespace {
 
-// Length of the UTF-8 sequence that starts at s[i], or 0 when it is not a valid one
-// (overlong forms, surrogates and values above U+10FFFF are invalid).
 std::size_t Utf8SequenceLength(std::string_view s, std::size_t i) {
     const auto byte = [&](std::size_t k) { return static_cast<std::uint8_t>(s[k]); };
     const std::uint8_t c = byte(i);
@@ -34,8 +31,6 @@ std::size_t Utf8SequenceLength(std::string_view s, std::size_t i) {
     if (cp >= 0xD800 && cp <= 0xDFFF) return 0;
     return n;
 }
-
-}  // namespace
 
 bool IsValidUtf8(std::string_view bytes) {
     for (std::size_t i = 0; i < bytes.size();) {

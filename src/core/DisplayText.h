@@ -8,6 +8,10 @@ namespace lumivex {
 
 bool IsValidUtf8(std::string_view bytes);
 
+// Length of the UTF-8 sequence that starts at s[i], or 0 when it is not a valid one
+// (overlong forms, surrogates and values above U+10FFFF are invalid).
+std::size_t Utf8SequenceLength(std::string_view s, std::size_t i);
+
 // Each byte becomes the character U+0000 to U+00FF, encoded in UTF-8.
 std::string Latin1ToUtf8(std::string_view bytes);
 

@@ -70,9 +70,12 @@ OutputFile::Result OutputFile::CreateNewIn(int folderFd, const char* name,
         if (::close(fd) == 0) return Result::Written;
         // The data may be lost (a network file system reports that only here); the name is
         // this call's own file, created a moment ago.
+        const int error = errno;
         ::unlinkat(folderFd, name, 0);
+        errno = error;
         return Result::Failed;
     }
+    const int error = errno;  // the cleanup below must not hide why the write failed
     // Removes the half file, provided the name still is the file this call created.
     struct stat mine {};
     struct stat named {};
@@ -80,6 +83,7 @@ OutputFile::Result OutputFile::CreateNewIn(int folderFd, const char* name,
         mine.st_dev == named.st_dev && mine.st_ino == named.st_ino)
         ::unlinkat(folderFd, name, 0);
     ::close(fd);
+    errno = error;
     return Result::Failed;
 }
 

@@ -17,7 +17,7 @@ class OutputFile {
     // Gives `file` the bytes, replacing a file of that name.
     static Result Replace(const std::filesystem::path& file, std::span<const std::uint8_t> bytes);
     // Gives `file` the bytes only when no entry of that name exists, not even a dangling link;
-    // an existing one is left alone and reported as Exists.
+    // an existing one is left alone and reported as Exists. After Failed, errno tells why.
     static Result CreateNew(const std::filesystem::path& file, std::span<const std::uint8_t> bytes);
     // The same for `name` in the open folder `folderFd`: a batch into one folder then spares
     // the kernel the walk along the folder's path for every file.

@@ -1,5 +1,8 @@
 #include "scan/BatchExtractor.h"
 
+#include <cerrno>
+
+#include "core/ErrorText.h"
 #include "core/Globals.h"
 #include "core/JpegCodec.h"
 #include "core/OutputFile.h"
@@ -41,7 +44,8 @@ std::vector<BatchExtractor::Record> BatchExtractor::CollectFrom(
             tick();
         },
         [&](const std::string& name, SkipReason reason) {
-            if (reason != SkipReason::NotAnImageName) records.push_back(Record{name, false, {}});
+            if (reason != SkipReason::NotAnImageName)
+                records.push_back(Record{name, false, {}, reason});
             tick();
         });
     return records;
@@ -100,7 +104,7 @@ void BatchExtractor::WriteOne(const Record& r, const std::filesystem::path& targ
     }
     const auto jpeg = JpegCodec::Encode(r.pict, kQuality);
     if (jpeg.empty()) {
-        report.skipped.push_back({r.fname, "JPEGに変換できません"});
+        report.skipped.push_back({r.fname, "JPEGに変換できません", true});
         return;
     }
     switch (OutputFile::CreateNew(target / name, jpeg)) {
@@ -111,7 +115,8 @@ void BatchExtractor::WriteOne(const Record& r, const std::filesystem::path& targ
             report.skipped.push_back({r.fname, "同じ名前のファイル " + name + " があります"});
             break;
         case OutputFile::Result::Failed:
-            report.skipped.push_back({r.fname, name + " を書き込めません"});
+            report.skipped.push_back(
+                {r.fname, name + " を書き込めません（" + ErrorText(errno) + "）", true});
             break;
     }
 }

@@ -11,6 +11,7 @@
 
 #include "core/Picture.h"
 #include "scan/ScanOptions.h"
+#include "scan/SkipReason.h"
 
 namespace lumivex {
 
@@ -23,10 +24,12 @@ class BatchExtractor {
         std::string fname;
         bool ifd1 = false;  // a thumbnail was extracted
         Picture pict;
+        SkipReason reason = SkipReason::NoThumbnail;  // why not, when ifd1 is false
     };
     struct Skipped {
         std::string fname;
-        std::string reason;  // Japanese, for the user
+        std::string reason;   // Japanese, for the user
+        bool failed = false;  // a write that went wrong, not a file deliberately left alone
     };
     struct Report {
         std::size_t written = 0;

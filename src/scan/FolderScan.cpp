@@ -3,6 +3,7 @@
 #include <dirent.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <thread>
 
 #include "exif/ExifReader.h"
@@ -11,45 +12,28 @@
 namespace lumivex {
 namespace {
 
-std::vector<std::string> ListNames(const std::filesystem::path& folder) {
+// The folder's entry names; `error` is set when the folder could not be listed to its end.
+std::vector<std::string> ListNames(const std::filesystem::path& folder, int& error) {
     std::vector<std::string> names;
     DIR* dir = ::opendir(folder.c_str());
-    if (dir == nullptr) return names;
-    while (const dirent* e = ::readdir(dir)) {
+    if (dir == nullptr) {
+        error = errno;
+        return names;
+    }
+    for (;;) {
+        errno = 0;  // readdir tells the end from a failure (a pulled card) only this way
+        const dirent* e = ::readdir(dir);
+        if (e == nullptr) break;
         const std::string_view name = e->d_name;
         if (name != "." && name != "..") names.emplace_back(name);
     }
+    error = errno;
     ::closedir(dir);
     std::sort(names.begin(), names.end());
     return names;
 }
 
-SkipReason ReasonOf(ExifReader::Outcome outcome) {
-    switch (outcome) {
-        case ExifReader::Outcome::Unreadable:
-            return SkipReason::Unreadable;
-        case ExifReader::Outcome::NoExif:
-            return SkipReason::NoExif;
-        default:
-            return SkipReason::NoThumbnail;
-    }
-}
-
 }  // namespace
-
-const char* SkipReasonText(SkipReason reason) {
-    switch (reason) {
-        case SkipReason::NotAnImageName:
-            return "画像ファイルの拡張子ではありません";
-        case SkipReason::Unreadable:
-            return "ファイルを読み込めません";
-        case SkipReason::NoExif:
-            return "Exif情報がありません";
-        case SkipReason::NoThumbnail:
-            return "サムネイルがありません";
-    }
-    return "";
-}
 
 // One entry's result, filled by whichever thread took the entry and read by the hand-out.
 struct FolderScan::Slot {
@@ -59,7 +43,9 @@ struct FolderScan::Slot {
 };
 
 FolderScan::FolderScan(std::filesystem::path folder, ScanOptions options)
-    : folder_(std::move(folder)), options_(std::move(options)), names_(ListNames(folder_)) {}
+    : folder_(std::move(folder)),
+      options_(std::move(options)),
+      names_(ListNames(folder_, listError_)) {}
 
 void FolderScan::Read(ExifReader& x, std::size_t i, Slot& slot) const {
     slot = Slot{};
@@ -71,7 +57,7 @@ void FolderScan::Read(ExifReader& x, std::size_t i, Slot& slot) const {
     x.GetThumbNail();
     slot.hit = x.ret;
     if (!x.ret) {
-        slot.reason = ReasonOf(x.outcome);
+        slot.reason = SkipReasonOf(x.Opened(), x.outcome != ExifReader::Outcome::NoExif);
         return;
     }
     slot.item = ScanItem{names_[i], x.fitem.string(), std::move(x.Thumbnail), 0, 0, x.Rotate};

@@ -33,6 +33,9 @@ class FolderScan {
     // Lists the folder's entries (a missing or unreadable folder has none).
     FolderScan(std::filesystem::path folder, ScanOptions options);
 
+    // Why the folder could not be listed, or not to its end, as an errno value; 0 when it was.
+    int ListError() const { return listError_; }
+
     // The entry names in scan order: ascending by bytes, the default string order.
     const std::vector<std::string>& Entries() const { return names_; }
     std::size_t EntryCount() const { return names_.size(); }
@@ -58,6 +61,7 @@ class FolderScan {
 
     std::filesystem::path folder_;
     ScanOptions options_;
+    int listError_ = 0;
     std::vector<std::string> names_;
     std::atomic<bool> stop_{false};
     std::atomic<std::size_t> progress_{0};

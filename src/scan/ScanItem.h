@@ -2,6 +2,7 @@
 #include <string>
 
 #include "core/Picture.h"
+#include "scan/SkipReason.h"
 
 namespace lumivex {
 
@@ -15,10 +16,5 @@ struct ScanItem {
     int h = 0;
     int rotate = 0;  // quarter turns applied from the orientation tag
 };
-
-// Why a folder entry gave no item.
-enum class SkipReason { NotAnImageName, Unreadable, NoExif, NoThumbnail };
-
-const char* SkipReasonText(SkipReason reason);
 
 }  // namespace lumivex

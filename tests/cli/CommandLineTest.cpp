@@ -1,10 +1,13 @@
-// The arguments of a command: what is accepted, and what gives the usage line.
+// The arguments of a command and of the program: what is accepted, and what gives the usage
+// line.
 #include <gtest/gtest.h>
 
 #include <cstdio>
 
 #include "CommandOutput.h"
 #include "cli/CommandLine.h"
+#include "cli/TopCommand.h"
+#include "core/Version.h"
 
 namespace lumivex::test {
 namespace {
@@ -36,6 +39,35 @@ TEST(CommandLine, SwitchesOptionsAndOperands) {
         EXPECT_EQ(line.Value("--out").value_or(""), c.out);
         EXPECT_EQ(line.Operands(), std::vector<std::string>{c.operand});
         EXPECT_EQ(line.Has("--raw"), c.args[0] == "--raw");
+    }
+}
+
+TEST(CommandLine, ProgramSwitches) {
+    const struct {
+        std::vector<std::string> args;
+        int status;
+        std::string out;  // a piece of the output; "" for none
+    } cases[] = {
+        {{"--version"}, 0, std::string("lumivex ") + kVersionString + "\n"},
+        {{"--help"}, 0, "  --version "},
+        {{"--version", "x"}, 2, ""},
+        {{"--verbose"}, 2, ""},
+        {{"nosuch"}, 2, ""},
+        {{}, 2, ""},
+    };
+    for (const auto& c : cases) {
+        std::FILE* out = std::tmpfile();
+        std::FILE* err = std::tmpfile();
+        EXPECT_EQ(TopCommand().Run(c.args, out, err), c.status) << testing::PrintToString(c.args);
+        const std::string text = ReadAll(out);
+        EXPECT_EQ(ReadAll(err).empty(), c.status == 0);
+        if (c.out.empty()) {
+            EXPECT_EQ(text, "");
+        } else if (c.args[0] == "--version") {
+            EXPECT_EQ(text, c.out);
+        } else {
+            ExpectPieces(text, {c.out});
+        }
     }
 }
 

@@ -1,10 +1,17 @@
 #pragma once
 // Runs one `lumivex` command with its output and errors caught, and with the settings of a
 // fresh user, whatever the machine running the tests has configured.
+#include <grp.h>
 #include <gtest/gtest.h>
 #include <stdlib.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <cstdio>
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,14 +32,70 @@ inline std::string ReadAll(std::FILE* f) {
     return s;
 }
 
-template <typename Command>
-Output RunCommand(const std::vector<std::string>& args) {
+inline void UseFreshSettings() {
     static const fixtures::ScratchDir config("lvx-config");
     ::setenv("XDG_CONFIG_HOME", config.path().c_str(), 1);
+}
+
+template <typename Command>
+Output RunCommand(const std::vector<std::string>& args) {
+    UseFreshSettings();
     std::FILE* out = std::tmpfile();
     std::FILE* err = std::tmpfile();
     const int status = Command().Run(args, out, err);
     return {status, ReadAll(out), ReadAll(err)};
+}
+
+inline std::string Drain(int fd) {
+    std::string s;
+    char buf[4096];
+    for (ssize_t n; (n = ::read(fd, buf, sizeof buf)) > 0;)
+        s.append(buf, static_cast<std::size_t>(n));
+    ::close(fd);
+    return s;
+}
+
+// Runs the command in a child process that first calls `setup`, for conditions the test
+// process must not live under itself. The output goes through pipes, which no file size limit
+// touches; it must stay small. Nothing when `setup` says the condition cannot be had here.
+template <typename Command>
+std::optional<Output> RunInChild(const std::vector<std::string>& args,
+                                 const std::function<bool()>& setup) {
+    UseFreshSettings();
+    int out[2], err[2];
+    if (::pipe(out) != 0 || ::pipe(err) != 0) return std::nullopt;
+    std::fflush(nullptr);
+    const pid_t pid = ::fork();
+    if (pid == 0) {
+        if (!setup()) ::_exit(77);
+        std::FILE* o = ::fdopen(out[1], "w");
+        std::FILE* e = ::fdopen(err[1], "w");
+        const int status = Command().Run(args, o, e);
+        std::fclose(o);
+        std::fclose(e);
+        ::_exit(status);
+    }
+    ::close(out[1]);
+    ::close(err[1]);
+    Output result{0, Drain(out[0]), Drain(err[0])};
+    int status = 0;
+    ::waitpid(pid, &status, 0);
+    if (!WIFEXITED(status) || WEXITSTATUS(status) == 77) return std::nullopt;
+    result.status = WEXITSTATUS(status);
+    return result;
+}
+
+// A setup for RunInChild: permission bits hold for root too once it is the nobody user.
+inline bool Unprivileged() {
+    if (::geteuid() != 0) return true;
+    return ::setgroups(0, nullptr) == 0 && ::setgid(65534) == 0 && ::setuid(65534) == 0;
+}
+
+// A setup for RunInChild: a disk that fills after a few bytes of every file.
+inline bool TinyFileLimit() {
+    std::signal(SIGXFSZ, SIG_IGN);  // a write past the limit then fails with EFBIG
+    const rlimit limit{16, 16};
+    return ::setrlimit(RLIMIT_FSIZE, &limit) == 0;
 }
 
 // Each piece must show up in `text`.

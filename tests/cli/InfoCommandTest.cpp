@@ -55,9 +55,27 @@ TEST(InfoCommand, JsonTextAndExitStatus) {
 
     const Output missing = RunInfo({"--json", dir.path() / "none.jpg", a});
     EXPECT_EQ(missing.status, 1);
-    ExpectPieces(missing.err, {"none.jpg"});
+    EXPECT_EQ(missing.err,
+              "lumivex: " + (dir.path() / "none.jpg").string() + ": ファイルが見つかりません。\n");
     ExpectPieces(missing.out, {"none.jpg\",\"exif\":false", "a.JPG\",\"exif\":true"});
     EXPECT_EQ(RunInfo({}).status, 2);
+}
+
+// Text from a file never reaches the terminal as control characters, and a file name that is
+// not UTF-8 still names its file in JSON.
+TEST(InfoCommand, ControlCharactersAndUndecodableNames) {
+    fixtures::ScratchDir dir;
+    const std::string file = dir.path() / "\xff\x1b]0;t\x07.JPG";
+    fixtures::ExifJpegBuilder b;
+    b.Ifd0().Ascii(0x010F, "Ma\x1b[2Jke").Ascii(0x0110, "\xc2\x9b[1m");  // ESC, then C1 CSI
+    b.Write(file);
+    const Output text = RunInfo({file});
+    EXPECT_EQ(text.out.find_first_of("\x1b\x07\r\xff"), std::string::npos) << text.out;
+    EXPECT_EQ(text.out.find("\xc2\x9b"), std::string::npos);
+    ExpectPieces(text.out, {"\\xff\\x1b]0;t\\x07.JPG ==\n", "Ma\\x1b[2Jke\n", "\\u009b[1m\n"});
+    const Output json = RunInfo({"--json", file});
+    ExpectPieces(json.out,
+                 {"\"file\":\"" + dir.path().string() + "/\\udcff\\u001b]0;t\\u0007.JPG\""});
 }
 
 }  // namespace

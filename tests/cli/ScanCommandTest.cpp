@@ -1,5 +1,7 @@
-// `lumivex scan`: one line an item in name order, the skips on request, and the cost.
+// `lumivex scan`: one line an item in name order, the skips on request, and the cost; and what
+// every command that reads a folder makes of one that cannot be read.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 #include <fstream>
@@ -7,9 +9,12 @@
 #include "CommandOutput.h"
 #include "ExifJpegBuilder.h"
 #include "cli/ScanCommand.h"
+#include "cli/ThumbsCommand.h"
 
 namespace lumivex::test {
 namespace {
+
+namespace fs = std::filesystem;
 
 TEST(ScanCommand, ItemsInNameOrderSkipsAndCost) {
     fixtures::ScratchDir dir;
@@ -27,6 +32,58 @@ TEST(ScanCommand, ItemsInNameOrderSkipsAndCost) {
     EXPECT_EQ(o.err, "skip: c.txt: 画像ファイルの拡張子ではありません\n");
     EXPECT_EQ(RunCommand<ScanCommand>({dir.path()}).err, "");
     EXPECT_EQ(RunCommand<ScanCommand>({dir.path() / "none"}).status, 1);
+}
+
+// A folder that cannot be listed is an error with its reason, never an empty folder.
+TEST(ScanCommand, UnreadableFolderFailsEveryCommand) {
+    fixtures::ScratchDir dir;
+    fs::permissions(dir.path(), fs::perms::all);  // the unprivileged child walks in too
+    const fs::path card = dir.path() / "card";
+    fs::create_directories(card);
+    std::ofstream(card / "a.jpg") << "x";
+    fs::permissions(card, fs::perms::owner_exec);  // can be entered, not listed
+    using Runner =
+        std::optional<Output> (*)(const std::vector<std::string>&, const std::function<bool()>&);
+    const struct {
+        Runner run;
+        std::vector<std::string> args;
+    } cases[] = {
+        {RunInChild<ScanCommand>, {card}},
+        {RunInChild<ThumbsCommand>, {"--out", dir.path() / "out", card}},
+        {RunInChild<ThumbsCommand>, {"--raw", "--out", dir.path() / "raw", card}},
+    };
+    for (const auto& c : cases) {
+        const auto o = c.run(c.args, Unprivileged);
+        if (!o) GTEST_SKIP() << "cannot drop privileges here";
+        EXPECT_EQ(o->status, 1) << c.args[0];
+        EXPECT_EQ(o->err, "lumivex: " + card.string() +
+                              ": フォルダを読み込めません（アクセス権がありません）。\n");
+        EXPECT_EQ(o->out, "");
+    }
+    EXPECT_FALSE(fs::exists(dir.path() / "out"));  // nothing made for a run that cannot be
+}
+
+// Entries that cannot be read get one reason, the true one, from every command.
+TEST(ScanCommand, SkipReasonsAgreeAcrossCommands) {
+    fixtures::ScratchDir dir;
+    const fs::path card = dir.path() / "card\x1b\xff";  // shown escaped, opened as it is
+    fs::create_directories(card / "dir.jpg");
+    fs::create_symlink(card / "none.jpg", card / "gone.jpg");
+    ASSERT_EQ(::mkfifo((card / "pipe.jpg").c_str(), 0644), 0);
+    std::ofstream(card / "plain.jpg") << "not a picture";
+    const std::string skips =
+        "skip: dir.jpg: フォルダです\n"
+        "skip: gone.jpg: リンク先がありません\n"
+        "skip: pipe.jpg: 通常のファイルではありません\n"
+        "skip: plain.jpg: Exif情報がありません\n";
+    const fs::path out = dir.path() / "out\x1b\xff";
+    for (const Output& o :
+         {RunCommand<ScanCommand>({"--verbose", card}),
+          RunCommand<ThumbsCommand>({"--verbose", "--out", out, card}),
+          RunCommand<ThumbsCommand>({"--raw", "--verbose", "--out", out, card})}) {
+        EXPECT_EQ(o.status, 0);
+        EXPECT_EQ(o.err, skips);
+    }
 }
 
 }  // namespace

@@ -60,5 +60,62 @@ TEST(ThumbsCommand, WritesEachThumbnailOnceAndKeepsExistingFiles) {
     EXPECT_EQ(RunCommand<ThumbsCommand>({"--raw", dir.path() / "none"}).status, 1);
 }
 
+// A write that fails, for want of permission or of room, is reported with its reason and fails
+// the run, in either mode; nothing half written is left behind.
+TEST(ThumbsCommand, FailedWritesAreReportedAndFailTheRun) {
+    fixtures::ScratchDir dir;
+    fs::permissions(dir.path(), fs::perms::all);  // the unprivileged child walks in too
+    const fs::path card = dir.path() / "card", locked = dir.path() / "locked";
+    const fs::path full = dir.path() / "full";
+    fs::create_directories(card);
+    fs::create_directories(locked);
+    fs::permissions(locked, fs::perms::owner_write | fs::perms::group_write,
+                    fs::perm_options::remove);
+    fixtures::ExifJpegBuilder a;
+    a.Ifd0().Ascii(0x010F, "M");
+    a.JpegThumbnail(40, 30).Write(card / "a.JPG");
+    const struct {
+        std::vector<std::string> args;
+        bool (*setup)();
+        fs::path target;
+        const char* err;
+    } cases[] = {
+        {{"--raw", "--out", locked, card},
+         Unprivileged,
+         locked,
+         "lumivex: a.JPG: a.JPG を書き込めません（アクセス権がありません）\n"},
+        {{"--out", full, card},
+         TinyFileLimit,
+         full,
+         "lumivex: a.JPG: a.jpg を書き込めません（ファイルが大きすぎます）\n"},
+    };
+    for (const auto& c : cases) {
+        const auto o = RunInChild<ThumbsCommand>(c.args, c.setup);
+        if (!o) GTEST_SKIP() << "the condition cannot be made here";
+        EXPECT_EQ(o->status, 1) << c.err;
+        EXPECT_EQ(o->err, c.err);
+        ExpectPieces(o->out, {"files 1, written 0, skipped 1,"});
+        EXPECT_TRUE(fs::is_empty(c.target)) << c.target;
+    }
+}
+
+// Neither mode writes into the folder it reads, however the target names it.
+TEST(ThumbsCommand, NeverWritesIntoTheSourceFolder) {
+    fixtures::ScratchDir dir;
+    const fs::path card = dir.path() / "card", link = dir.path() / "link";
+    fs::create_directories(card);
+    fs::create_directory_symlink(card, link);
+    fixtures::ExifJpegBuilder b;
+    b.Ifd0().Ascii(0x010F, "M");
+    b.StripThumbnail(8, 4).Write(card / "b.JPG");  // --raw would write b.tiff
+    for (const auto& args : {std::vector<std::string>{"--raw", "--out", link, card},
+                             std::vector<std::string>{"--out", link, card}}) {
+        const Output o = RunCommand<ThumbsCommand>(args);
+        EXPECT_EQ(o.status, 1) << args[0];
+        ExpectPieces(o.err, {"取り出し先が元のフォルダと同じです"});
+        EXPECT_EQ(std::distance(fs::directory_iterator(card), {}), 1) << args[0];
+    }
+}
+
 }  // namespace
 }  // namespace lumivex::test
