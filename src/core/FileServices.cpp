@@ -104,19 +104,6 @@ bool IsOwnRealFolder(const std::filesystem::path& folder) {
     return lstat(folder.c_str(), &st) == 0 && S_ISDIR(st.st_mode) && st.st_uid == geteuid();
 }
 
-// Splits off the next line; "\r\n", "\r" and "\n" all end a line.
-std::string_view NextLine(std::string_view& rest) {
-    const std::size_t end = rest.find_first_of("\r\n");
-    const std::string_view line = rest.substr(0, end);
-    if (end == std::string_view::npos) {
-        rest = {};
-    } else {
-        const bool crlf = rest[end] == '\r' && end + 1 < rest.size() && rest[end + 1] == '\n';
-        rest.remove_prefix(end + (crlf ? 2 : 1));
-    }
-    return line;
-}
-
 int ReadAll(int fd, std::size_t limit, std::string& out) {
     out.resize(limit);
     std::size_t got = 0;
@@ -172,19 +159,6 @@ std::filesystem::path gGetTemporalFolder() {
     if (mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST) return {};
     // Someone else's folder or a planted link must not receive our files.
     return IsOwnRealFolder(folder) ? folder : std::filesystem::path();
-}
-
-bool gChkBundleIdentifier(const std::filesystem::path& app, std::string_view identifier) {
-    std::string text;
-    if (app.empty() || gReadFileHead(app / "Contents" / "Info.plist", kSmallFileLimit, text) != 0)
-        return false;
-    const std::string wanted = "<string>" + std::string(identifier) + "</string>";
-    std::string_view rest = text;
-    while (!rest.empty()) {
-        if (gHoldsNoCase(NextLine(rest), "CFBundleIdentifier"))
-            return !rest.empty() && gHoldsNoCase(NextLine(rest), wanted);
-    }
-    return false;
 }
 
 bool gFileMatch(const std::filesystem::path& item, std::string_view creator,

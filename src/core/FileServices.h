@@ -1,7 +1,7 @@
 #pragma once
 // File-system services the program needs around its own files: the scratch folder, deleting a
-// folder tree without ever following a link, the application bundle check, whole small files
-// read in one go and files replaced atomically.
+// folder tree without ever following a link, whole small files read in one go and files
+// replaced atomically.
 #include <cstddef>
 #include <filesystem>
 #include <string>
@@ -24,10 +24,6 @@ int gDeleteEntireFolder(const std::filesystem::path& folder, bool continueIfErro
 // The program's scratch folder in the system's temporary folder, made (mode 0700) when
 // missing. Empty when it cannot be made or is not a real folder owned by this user.
 std::filesystem::path gGetTemporalFolder();
-
-// True when app/Contents/Info.plist has a line holding "CFBundleIdentifier" whose next line
-// holds "<string>identifier</string>". Only the first such key counts; case is ignored.
-bool gChkBundleIdentifier(const std::filesystem::path& app, std::string_view identifier);
 
 // True when the item's creator and type codes are `creator` and `type` (case ignored).
 bool gFileMatch(const std::filesystem::path& item, std::string_view creator, std::string_view type);

@@ -84,12 +84,6 @@ bool gEqualNoCase(std::string_view a, std::string_view b) {
     return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), SameNoCase);
 }
 
-bool gHoldsNoCase(std::string_view text, std::string_view part) {
-    if (part.empty()) return true;
-    return std::search(text.begin(), text.end(), part.begin(), part.end(), SameNoCase) !=
-           text.end();
-}
-
 bool gChkGx(const Settings& prefs, std::string_view /*type*/, std::string_view name) {
     // The file type is deliberately ignored: files on cards carry no type codes, so the
     // extension alone decides.

@@ -34,7 +34,6 @@ bool gDottedFI(std::string_view name);
 // case throughout the program; bytes above 0x7F are compared as they stand.
 std::string gLowerAscii(std::string_view text);
 bool gEqualNoCase(std::string_view a, std::string_view b);
-bool gHoldsNoCase(std::string_view text, std::string_view part);
 
 // The file-type test: only the extension decides, against the enabled groups of `prefs`.
 bool gChkGx(const Settings& prefs, std::string_view type, std::string_view name);

@@ -105,14 +105,4 @@ const MountEntry* MountTable::Find(std::string_view mountPoint) const {
     return it == entries_.rend() ? nullptr : &*it;
 }
 
-std::vector<std::string> MountTable::MountPoints() const {
-    std::vector<std::string> points;
-    points.reserve(entries_.size());
-    for (const MountEntry& e : entries_)
-        points.push_back(e.mountPoint);
-    std::sort(points.begin(), points.end());
-    points.erase(std::unique(points.begin(), points.end()), points.end());
-    return points;
-}
-
 }  // namespace lumivex

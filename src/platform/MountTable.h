@@ -28,8 +28,6 @@ class MountTable {
     const std::vector<MountEntry>& Entries() const { return entries_; }
     // The last entry mounted on `mountPoint` (the one on top), or nullptr.
     const MountEntry* Find(std::string_view mountPoint) const;
-    // Mount points in ascending order without repeats.
-    std::vector<std::string> MountPoints() const;
 
     bool operator==(const MountTable&) const = default;
 

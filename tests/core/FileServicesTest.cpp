@@ -133,30 +133,6 @@ TEST(FileServices, TemporalFolderIsOursOrNothing) {
     }
 }
 
-TEST(FileServices, BundleIdentifierOnTheLineAfterTheKey) {
-    const std::string id = "com.Google.GoogleEarthPro", key = "<key>CFBundleIdentifier</key>";
-    const std::string value = "<string>" + id + "</string>";
-    const struct {
-        const char* what;
-        std::string plist;
-        std::string wanted;
-        bool found;
-    } cases[] = {
-        // clang-format off
-        {"plain", "<dict>\n\t" + key + "\n\t" + value + "\n</dict>\n", "COM.google.googleearthpro", true},
-        {"other id", key + "\n" + value, "com.Google.GoogleEarth", false},
-        {"cr", key + "\r" + value, id, true},
-        {"first key only", key + "\n<string>a</string>\n" + key + "\n" + value, id, false},
-        {"key on the last line", value + "\n" + key + "\n", id, false},
-        // clang-format on
-    };
-    for (const auto& c : cases) {
-        ScratchDir app;
-        Touch(app.path() / "Contents" / "Info.plist", c.plist);
-        EXPECT_EQ(gChkBundleIdentifier(app.path(), c.wanted), c.found) << c.what;
-    }
-}
-
 // Linux keeps no type codes: only a folder, or a link to one, has them.
 TEST(FileServices, OnlyFoldersHaveTypeAndCreator) {
     ScratchDir dir;
