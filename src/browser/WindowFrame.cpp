@@ -1,6 +1,7 @@
 #include "browser/WindowFrame.h"
 
 #include <QGuiApplication>
+#include <QPropertyAnimation>
 #include <QScreen>
 #include <QSplitter>
 #include <algorithm>
@@ -18,6 +19,10 @@ namespace {
 int Stored(std::int64_t value, int minimum, int own) {
     return value > 0 ? static_cast<int>(std::max<std::int64_t>(value, minimum)) : own;
 }
+
+constexpr int kAnimeMs = 400;
+constexpr int kResetLeft = 10;
+constexpr int kResetTop = 5;
 
 }  // namespace
 
@@ -62,6 +67,49 @@ void WindowFrame::ResizeSeparatePos(int left) {
 
 int WindowFrame::CanvasLeft() const {
     return canvas_.mapTo(&window_, QPoint(0, 0)).x();
+}
+
+QRect WindowFrame::DefaultGeometry() const {
+    const QScreen* screen = window_.screen() ? window_.screen() : QGuiApplication::primaryScreen();
+    const QRect usable = screen->availableGeometry();
+    // Qt places the frame by its outer edge but sizes it by the client area.
+    const QPoint border = window_.geometry().topLeft() - window_.frameGeometry().topLeft();
+    const QPoint corner = usable.topLeft() + QPoint(kResetLeft, kResetTop) + border;
+    return QRect(corner, window_.size());
+}
+
+QPropertyAnimation* WindowFrame::ResetWinGeo() {
+    if (anime_) anime_->stop();
+    anime_ = Animate(window_, DefaultGeometry());
+    return anime_;
+}
+
+bool WindowFrame::ResetWinGeoAllowed() const {
+    return !(window_.windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen));
+}
+
+bool WindowFrame::ResetWinGeoVisible(Qt::KeyboardModifiers modifiers) const {
+    return ResetWinGeoAllowed() && (modifiers & Qt::AltModifier);
+}
+
+QPropertyAnimation* WindowFrame::DoAnime(QWidget& window, int width, int height) {
+    return Animate(window, QRect(window.geometry().topLeft(), QSize(width, height)));
+}
+
+QPropertyAnimation* WindowFrame::Animate(QWidget& window, const QRect& to) {
+    auto* anime = new QPropertyAnimation(&window, "geometry", &window);
+    anime->setDuration(kAnimeMs);
+    anime->setStartValue(window.geometry());
+    anime->setEndValue(to);
+    anime->start(QAbstractAnimation::DeleteWhenStopped);
+    return anime;
+}
+
+void WindowFrame::Event_WindowStateChange() {
+    const bool minimised = window_.isMinimized();
+    if (minimised == pMinimize) return;
+    pMinimize = minimised;
+    if (mark_) mark_(minimised);
 }
 
 }  // namespace lumivex

@@ -1,0 +1,173 @@
+#include <gtest/gtest.h>
+
+#include <QMainWindow>
+#include <QMenu>
+#include <QTemporaryDir>
+#include <QTest>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "model/CommandState.h"
+#include "model/ToolbarItems.h"
+#include "shell/MainMenuBar.h"
+#include "shell/MainToolBar.h"
+#include "shell/MenuCommands.h"
+
+namespace lumivex {
+namespace {
+
+// Records each handler that runs; the state comes from a real toolbar over a real
+// CommandState, as the window's does.
+class RecordingCommands : public MenuCommands {
+  public:
+    explicit RecordingCommands(MainToolBar& bar) : bar_(bar) {}
+    MenuState MenuStateNow() const override {
+        MenuState state = MainMenuBar::ToolbarState(bar_);
+        state.pCidxFlg = selection;
+        state.resetAllowed = true;
+        return state;
+    }
+    void _FileExportExif_Action() override { calls.push_back("FileExportExif"); }
+    void _FileExportJpeg_Action() override { calls.push_back("FileExportJpeg"); }
+    void _FileExportSaveAs_Action() override { calls.push_back("FileExportSaveAs"); }
+    void _FileExportJpegAll_Action() override { calls.push_back("FileExportJpegAll"); }
+    void _FileQuit_Action() override { calls.push_back("FileQuit"); }
+    void _EditCopy_Action() override { calls.push_back("EditCopy2"); }
+    void _EditSelectAll_Action() override { calls.push_back("EditSelectAll"); }
+    void _EditPref_Action() override { calls.push_back("EditPref"); }
+    void _ViewReload_Action() override { calls.push_back("ViewReload"); }
+    void _ViewAppear_Action() override {
+        calls.push_back("ViewAppear");
+        bar_.ToggleToolbarShown();
+    }
+    void _ViewCustomize_Action() override { calls.push_back("ViewCustomize"); }
+    void _ThmbL_Action() override { calls.push_back("ThmbL"); }
+    void _ThmbR_Action() override { calls.push_back("ThmbR"); }
+    void _WinCollapse_Action() override { calls.push_back("WinCollapse"); }
+    void _WinZoom_Action() override { calls.push_back("WinZoom"); }
+    void _WinReset_Action() override { calls.push_back("WinReset"); }
+    void _WinBringAllFront_Action() override { calls.push_back("WinBringAllFront"); }
+    void _WinWindow1_Action() override { calls.push_back("WinWindow1"); }
+    void _HelpHome_Action() override { calls.push_back("HelpHome"); }
+    void _HelpReadme_Action() override { calls.push_back("HelpReadme"); }
+    void _HelpHelpbook_Action() override { calls.push_back("HelpHelpbook"); }
+    void _AppleAbout_Action() override { calls.push_back("AppleAbout"); }
+
+    int selection = 0;
+    std::vector<std::string> calls;
+
+  private:
+    MainToolBar& bar_;
+};
+
+class MainMenuBarTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        ASSERT_TRUE(dir.isValid());
+        ::setenv("XDG_CONFIG_HOME", dir.path().toUtf8().constData(), 1);
+        bar = new MainToolBar(commands, ToolbarConfig(), &window);
+        recorder = std::make_unique<RecordingCommands>(*bar);
+        menus = new MainMenuBar(*recorder, &window);
+        window.setMenuBar(menus);
+    }
+    void Select(int selection) {
+        recorder->selection = selection;
+        commands.SetBtnStat(selection, false, nullptr);
+        commands.SetBtnStatAll(selection > 0);
+    }
+    std::string Enabled(std::initializer_list<MenuItem> items) const {
+        std::string flags;
+        for (MenuItem item : items)
+            flags += menus->Action(item)->isEnabled() ? '1' : '0';
+        return flags;
+    }
+
+    QTemporaryDir dir;
+    CommandState commands;
+    QMainWindow window;
+    MainToolBar* bar = nullptr;
+    std::unique_ptr<RecordingCommands> recorder;
+    MainMenuBar* menus = nullptr;
+};
+
+// The handler an item should reach: its own, both copies the one copy, and none for the
+// items that this program lists without having their commands.
+std::vector<std::string> Expected(const MenuItemSpec& spec) {
+    using M = MenuItem;
+    for (M none : {M::EditUndo, M::EditRedo, M::EditCut, M::EditPaste, M::EditClear})
+        if (spec.item == none) return {};
+    if (spec.item == M::EditCopy) return {"EditCopy2"};
+    return {spec.name};
+}
+
+TEST_F(MainMenuBarTest, EachItemReachesItsCommand) {
+    Select(1);
+    emit menus->Menu("FileMenu")->aboutToShow();
+    for (const MenuSpec& menu : MenuItems::Table()) {
+        for (const MenuItemSpec& spec : menu.items) {
+            if (spec.item == MenuItem::Separator) continue;
+            recorder->calls.clear();
+            QAction* action = menus->Action(spec.item);
+            ASSERT_NE(action, nullptr) << spec.name;
+            action->trigger();
+            EXPECT_EQ(recorder->calls, Expected(spec)) << spec.name;
+        }
+    }
+}
+
+TEST_F(MainMenuBarTest, EnabledStatesFollowTheCommandState) {
+    using M = MenuItem;
+    const auto items = {M::FileExportJpeg, M::FileExportJpegAll, M::EditSelectAll, M::EditCopy2,
+                        M::ThmbR};
+    // The last case is a scan starting: it clears the selection and turns export-all off.
+    const struct {
+        int selection;
+        const char* expected;
+    } cases[] = {{0, "00000"}, {1, "11111"}, {2, "11101"}, {0, "00000"}};
+    for (const auto& c : cases) {
+        Select(c.selection);
+        emit menus->Menu("Thmb")->aboutToShow();
+        EXPECT_EQ(Enabled(items), c.expected) << c.selection;
+    }
+    // The export pop-up off the toolbar takes its menu items with it.
+    Select(1);
+    bar->SetItems({ToolbarItems::FindTag(602)->identifier});
+    emit menus->Menu("EditMenu")->aboutToShow();
+    EXPECT_EQ(Enabled(items), "01111");
+}
+
+// A shortcut sees the state of the moment, with no menu opened since it changed; the
+// toolbar's title follows each toggle.
+TEST_F(MainMenuBarTest, ShortcutsSeeTheStateNowAndTheToolbarTitleToggles) {
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    Select(1);
+    QTest::keyClick(&window, Qt::Key_C, Qt::ControlModifier);
+    Select(2);
+    QTest::keyClick(&window, Qt::Key_C, Qt::ControlModifier);
+    QTest::keyClick(&window, Qt::Key_R, Qt::ControlModifier);
+    EXPECT_EQ(recorder->calls, (std::vector<std::string>{"EditCopy2", "ThmbR"}));
+
+    // Alt held in the open window menu offers the reset, and the menu stays open.
+    QMenu* win = menus->Menu("Win");
+    win->popup(QPoint(0, 0));
+    QAction* reset = menus->Action(MenuItem::WinReset);
+    EXPECT_FALSE(reset->isVisible());
+    QTest::keyPress(win, Qt::Key_Alt);
+    EXPECT_TRUE(reset->isVisible() && win->isVisible());
+    QTest::keyRelease(win, Qt::Key_Alt);
+    EXPECT_FALSE(reset->isVisible());
+    win->hide();
+
+    QAction* appear = menus->Action(MenuItem::ViewAppear);
+    for (const char* title : {"ツールバーを表示", "ツールバーを隠す"}) {
+        appear->trigger();
+        EXPECT_EQ(appear->text(), QString::fromUtf8(title));
+    }
+}
+
+}  // namespace
+}  // namespace lumivex
