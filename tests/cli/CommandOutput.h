@@ -10,11 +10,13 @@
 
 #include <csignal>
 #include <cstdio>
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "ExifJpegBuilder.h"
 #include "ScratchDir.h"
 
 namespace lumivex::test {
@@ -96,6 +98,15 @@ inline bool TinyFileLimit() {
     std::signal(SIGXFSZ, SIG_IGN);  // a write past the limit then fails with EFBIG
     const rlimit limit{16, 16};
     return ::setrlimit(RLIMIT_FSIZE, &limit) == 0;
+}
+
+// A camera picture; `thumb` gives it its thumbnail, if any.
+inline fixtures::Layout Camera(const std::filesystem::path& file,
+                               const std::function<void(fixtures::ExifJpegBuilder&)>& thumb = {}) {
+    fixtures::ExifJpegBuilder b;
+    b.Ifd0().Ascii(0x010F, "M");
+    if (thumb) thumb(b);
+    return b.Write(file);
 }
 
 // Each piece must show up in `text`.

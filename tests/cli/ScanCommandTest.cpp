@@ -7,7 +7,6 @@
 #include <fstream>
 
 #include "CommandOutput.h"
-#include "ExifJpegBuilder.h"
 #include "cli/ScanCommand.h"
 #include "cli/ThumbsCommand.h"
 
@@ -18,12 +17,10 @@ namespace fs = std::filesystem;
 
 TEST(ScanCommand, ItemsInNameOrderSkipsAndCost) {
     fixtures::ScratchDir dir;
-    for (const auto& [name, width, turn] : {std::tuple{"b.JPG", 40, 1}, {"a.jpg", 32, 6}}) {
-        fixtures::ExifJpegBuilder b;
-        b.Ifd0().Ascii(0x010F, "M");
-        b.JpegThumbnail(width, 24).Ifd1().Short(0x0112, {static_cast<std::uint16_t>(turn)});
-        b.Write(dir.path() / name);
-    }
+    Camera(dir.path() / "b.JPG",
+           [](auto& b) { b.JpegThumbnail(40, 24).Ifd1().Short(0x0112, {1}); });
+    Camera(dir.path() / "a.jpg",
+           [](auto& b) { b.JpegThumbnail(32, 24).Ifd1().Short(0x0112, {6}); });
     std::ofstream(dir.path() / "c.txt") << "x";
     const Output o = RunCommand<ScanCommand>({"--verbose", dir.path()});
     EXPECT_EQ(o.status, 0);
