@@ -122,8 +122,7 @@ void WindowMenuCommands::_EditPref_Action() {
                              .prompter = pPrompter,
                              .locator = GoogleEarthLocator::System(),
                              .altHeld = PrefDlg::AltHeld(),
-                             .googleEarthIcon = {},
-                             .applicationsFolder = QStringLiteral("/opt/google/earth")};
+                             .googleEarthIcon = {}};
     const PrefChanges changes = PrefDlg::ShowPrefDlg(std::move(context), &pWindow);
     if (changes.Any()) ResetPrefs(changes);
 }
