@@ -30,6 +30,7 @@ LoadResult App::InitApp() {
 MainWindow* App::MakeWindow() {
     window_ = std::make_unique<MainWindow>(prefs_, prompter_);
     connect(window_.get(), &MainWindow::closing, this, &App::CloseApp);
+    window_->SetSettingsFolder(folder_);
     window_->InitApp();
     window_->show();
     return window_.get();

@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QScrollBar>
 #include <QSplitter>
+#include <QVBoxLayout>
 
 #include "browser/MenuOfTexts.h"
 #include "browser/Prompter.h"
@@ -13,10 +14,12 @@
 #include "browser/ThumbnailCanvas.h"
 #include "browser/ThumbnailCommands.h"
 #include "browser/WindowFrame.h"
+#include "browser/WindowMenuCommands.h"
 #include "core/Settings.h"
 #include "model/ContextMenuItems.h"
 #include "model/FolderTree.h"
 #include "scan/ScanOptions.h"
+#include "shell/MainToolBar.h"
 #include "sidebar/SidebarView.h"
 #include "sidebar/VolumeWatcher.h"
 
@@ -46,23 +49,33 @@ void MainWindow::InitApp() {
     pFrame = std::make_unique<WindowFrame>(*this, *pSplit, *Canvas1, kScrollBarWidth);
     pFrame->Restore(pPrefs);
     InitCommands();
+    pMenuCmds->Install();
     InitVal();
-    pThumbs->GetGoogleEarth();
+    if (pThumbs->GetGoogleEarth()) pToolBar->SetGoogleEarthFound();
     InitScrollbar();
     InitOffScreen(false);
     pToolTip->Start();
     pOutline->AutoSelect();
 }
 
+// The toolbar stands in the central widget, where items that do not fit go into its
+// extension menu instead of new rows.
 void MainWindow::InitSplitView() {
-    pSplit = new QSplitter(Qt::Horizontal, this);
+    auto* holder = new QWidget(this);
+    auto* column = new QVBoxLayout(holder);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    pToolBar = new MainToolBar(pCommands, ToolbarConfig(), holder);
+    column->addWidget(pToolBar);
+    pSplit = new QSplitter(Qt::Horizontal, holder);
     pSplit->setChildrenCollapsible(false);
     pOutline = new SidebarView(pPrefs, pSplit);
     pOutline->setMinimumWidth(100);
     pSplit->addWidget(pOutline);
     pSplit->addWidget(MakePane(pSplit));
     pSplit->setStretchFactor(1, 1);
-    setCentralWidget(pSplit);
+    column->addWidget(pSplit, 1);
+    setCentralWidget(holder);
 
     connect(pOutline, &SidebarView::selectionDidChange, this, &MainWindow::OutlineDidSelRow);
     connect(pStrip, &ScanProgressStrip::stopClicked, this, &MainWindow::PushButton1_Action);
@@ -102,9 +115,18 @@ void MainWindow::InitCommands() {
         ThumbnailCommands::Window{pPrefs, pPrompter, pWorker, *pStrip, pScan, pSelection, this});
     connect(pThumbs.get(), &ThumbnailCommands::turned, this, &MainWindow::Turned);
     connect(pThumbs.get(), &ThumbnailCommands::exportEnded, this, &MainWindow::ExportEnded);
+    pMenuCmds =
+        std::make_unique<WindowMenuCommands>(*this, pPrefs, pPrompter, *pToolBar, pSettingsFolder);
 }
 
 void MainWindow::InitVal() {
+    ApplyDisplayPrefs();
+    SetBtnStat(0);
+    SetBtnStatAll(false);
+    pStrip->HideJob();
+}
+
+void MainWindow::ApplyDisplayPrefs() {
     Canvas1->SetColors(static_cast<int>(pPrefs.gPref[pref::kThumbBackColor]),
                        static_cast<int>(pPrefs.gPref[pref::kSelectionColor]));
     const bool fullNames = pPrefs.gPref[pref::kShowExtension] != 0;
@@ -112,9 +134,9 @@ void MainWindow::InitVal() {
     pScan.SetLabels([this](const std::string& label) { return Canvas1->TextWidth(label); },
                     fullNames);
     pOutline->SetFolderColor(static_cast<int>(pPrefs.gPref[pref::kFolderNameColor]));
-    SetBtnStat(0);
-    SetBtnStatAll(false);
-    pStrip->HideJob();
+    pOutline->SetListColor(static_cast<int>(pPrefs.gPref[pref::kListBackColor]));
+    ResizeTBC();
+    Canvas1->update();
 }
 
 void MainWindow::InitScrollbar() {
@@ -343,7 +365,7 @@ void MainWindow::changeEvent(QEvent* event) {
         pal.setColor(QPalette::Window, pActive ? QColor(153, 153, 153) : QColor(207, 207, 207));
         pSplit->setPalette(pal);
     } else if (event->type() == QEvent::WindowStateChange) {
-        pMinimize = isMinimized();
+        if (pFrame) pFrame->Event_WindowStateChange();
     }
     QMainWindow::changeEvent(event);
 }

@@ -24,6 +24,7 @@ class QSplitter;
 
 namespace lumivex {
 
+class MainToolBar;
 class SidebarView;
 class ThumbnailCommands;
 class Prompter;
@@ -33,6 +34,7 @@ class Settings;
 class ThumbnailCanvas;
 class VolumeWatcher;
 class WindowFrame;
+class WindowMenuCommands;
 
 class MainWindow : public QMainWindow {
     Q_OBJECT
@@ -46,8 +48,12 @@ class MainWindow : public QMainWindow {
     MainWindow(Settings& prefs, Prompter& prompter, QWidget* parent = nullptr);
     ~MainWindow() override;
 
-    // The start: split view, position, values, scroll bar.
+    // Where the preferences dialog saves the settings file; set before InitApp.
+    void SetSettingsFolder(const std::filesystem::path& folder) { pSettingsFolder = folder; }
+    // The start: toolbar and split view, position, menus, values, scroll bar.
     void InitApp();
+    // The colours and the label form from the settings, painted at once.
+    void ApplyDisplayPrefs();
 
     // Scan of a folder (the selection of a sidebar row), and the empty grid.
     void SelFolder1(const std::string& path);
@@ -94,6 +100,8 @@ class MainWindow : public QMainWindow {
     ThumbnailCanvas* Canvas() const { return Canvas1; }
     QScrollBar* ScrollBar() const { return ScrollBarV; }
     SidebarView* Outline() const { return pOutline; }
+    MainToolBar* ToolBar() const { return pToolBar; }
+    WindowFrame& Frame() const { return *pFrame; }
     VolumeWatcher* Watcher() const { return pVolumes; }
     ScanProgressStrip* ProgressStrip() const { return pStrip; }
     QSplitter* Splitter() const { return pSplit; }
@@ -129,6 +137,8 @@ class MainWindow : public QMainWindow {
 
     Settings& pPrefs;
     Prompter& pPrompter;
+    std::filesystem::path pSettingsFolder;
+    MainToolBar* pToolBar = nullptr;
     SidebarView* pOutline = nullptr;
     VolumeWatcher* pVolumes = nullptr;
     QSplitter* pSplit = nullptr;
@@ -143,11 +153,11 @@ class MainWindow : public QMainWindow {
     ScanWorker pWorker;
     std::unique_ptr<CameraEject> pEject;
     std::unique_ptr<ThumbnailCommands> pThumbs;
+    std::unique_ptr<WindowMenuCommands> pMenuCmds;  // outlived by the frame's minimise mark
     std::unique_ptr<WindowFrame> pFrame;
     std::unique_ptr<RestingToolTip> pToolTip;
 
     bool pActive = false;
-    bool pMinimize = false;
     bool pClosed = false;
 };
 

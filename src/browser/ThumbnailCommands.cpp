@@ -90,10 +90,11 @@ bool ThumbnailCommands::SetBtnStatGPS(int count) {
     return position_.has_value();
 }
 
-void ThumbnailCommands::GetGoogleEarth() {
+bool ThumbnailCommands::GetGoogleEarth() {
     GoogleEarthSettings values = GoogleEarthSettingsFrom(w_.prefs);
-    earth_.GetGoogleEarth(values);
+    const bool found = earth_.GetGoogleEarth(values);
     StoreGoogleEarthSettings(values, w_.prefs);
+    return found;
 }
 
 void ThumbnailCommands::LaunchGEarth() {

@@ -58,7 +58,8 @@ class ThumbnailCommands : public QObject {
     // commands, which use the position of the last test that said yes.
     bool SetBtnStatGPS(int count);
     // The search at start; what it finds, or the user's "利用しない", goes into the settings.
-    void GetGoogleEarth();
+    // True when Google Earth was found.
+    bool GetGoogleEarth();
     // The toolbar's command: by the kind of the application found.
     void LaunchGEarth();
     // The contextual menu's command: the application is started whatever its kind.

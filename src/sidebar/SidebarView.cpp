@@ -75,6 +75,12 @@ void SidebarView::SetFolderColor(int rgb) {
     viewport()->update();
 }
 
+void SidebarView::SetListColor(int rgb) {
+    QPalette pal = palette();
+    pal.setColor(QPalette::Base, QColor::fromRgb(static_cast<QRgb>(rgb & 0xFFFFFF)));
+    setPalette(pal);
+}
+
 FolderTree& SidebarView::Tree() {
     return *pTree;
 }

@@ -66,6 +66,8 @@ class SidebarView : public QTreeView {
 
     // The colour of names of folders that hold thumbnails (pGxClr), 0xRRGGBB.
     void SetFolderColor(int rgb);
+    // The list's background (pLsClr), 0xRRGGBB.
+    void SetListColor(int rgb);
 
     FolderTree& Tree();
     SidebarModel& Model();
