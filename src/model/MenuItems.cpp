@@ -3,11 +3,11 @@
 namespace lumivex {
 namespace {
 
-MenuItemSpec Sep(const char* name) {
+MenuItemRow Sep(const char* name) {
     return {MenuItem::Separator, name, "", "", true};
 }
 
-std::vector<MenuSpec> MakeTable() {
+std::vector<MenuRow> MakeTable() {
     using M = MenuItem;
     return {
         {"FileMenu",
@@ -65,15 +65,15 @@ std::vector<MenuSpec> MakeTable() {
 
 }  // namespace
 
-const std::vector<MenuSpec>& MenuItems::Table() {
-    static const std::vector<MenuSpec> table = MakeTable();
+const std::vector<MenuRow>& MenuItems::Table() {
+    static const std::vector<MenuRow> table = MakeTable();
     return table;
 }
 
-const MenuItemSpec* MenuItems::Find(MenuItem item) {
-    for (const MenuSpec& menu : Table())
-        for (const MenuItemSpec& spec : menu.items)
-            if (spec.item == item && item != MenuItem::Separator) return &spec;
+const MenuItemRow* MenuItems::Find(MenuItem item) {
+    for (const MenuRow& menu : Table())
+        for (const MenuItemRow& entry : menu.items)
+            if (entry.item == item && item != MenuItem::Separator) return &entry;
     return nullptr;
 }
 

@@ -40,7 +40,7 @@ enum class MenuItem {
     AppleAbout,
 };
 
-struct MenuItemSpec {
+struct MenuItemRow {
     MenuItem item;
     const char* name;   // the item's name, also the QAction's object name
     const char* title;  // empty for a separator
@@ -48,16 +48,16 @@ struct MenuItemSpec {
     bool autoEnable;
 };
 
-struct MenuSpec {
+struct MenuRow {
     const char* name;
     const char* title;
-    std::vector<MenuItemSpec> items;
+    std::vector<MenuItemRow> items;
 };
 
 class MenuItems {
   public:
-    static const std::vector<MenuSpec>& Table();
-    static const MenuItemSpec* Find(MenuItem item);
+    static const std::vector<MenuRow>& Table();
+    static const MenuItemRow* Find(MenuItem item);
 };
 
 }  // namespace lumivex

@@ -39,8 +39,8 @@ bool MenuRules::Enabled(MenuItem item, const MenuState& state) {
         default:
             break;
     }
-    const MenuItemSpec* spec = MenuItems::Find(item);
-    return spec && spec->autoEnable && !HasNoHandler(item);
+    const MenuItemRow* entry = MenuItems::Find(item);
+    return entry && entry->autoEnable && !HasNoHandler(item);
 }
 
 bool MenuRules::Visible(MenuItem item, const MenuState& state, bool altDown) {

@@ -5,8 +5,8 @@
 
 namespace lumivex {
 
-const std::vector<ToolbarItemSpec>& ToolbarItems::Table() {
-    static const std::vector<ToolbarItemSpec> table = {
+const std::vector<ToolbarItemRow>& ToolbarItems::Table() {
+    static const std::vector<ToolbarItemRow> table = {
         {601, "My Export Toolbar Item", "書き出し", "指定されたファイルを指定の形式で書き出します",
          "document-send"},
         {602, "My Export All Board Toolbar Item", "全書き出し",
@@ -27,15 +27,15 @@ const std::vector<ToolbarItemSpec>& ToolbarItems::Table() {
     return table;
 }
 
-const ToolbarItemSpec* ToolbarItems::FindTag(int tag) {
-    for (const ToolbarItemSpec& spec : Table())
-        if (spec.tag == tag) return &spec;
+const ToolbarItemRow* ToolbarItems::FindTag(int tag) {
+    for (const ToolbarItemRow& entry : Table())
+        if (entry.tag == tag) return &entry;
     return nullptr;
 }
 
-const ToolbarItemSpec* ToolbarItems::FindIdentifier(const std::string& identifier) {
-    for (const ToolbarItemSpec& spec : Table())
-        if (identifier == spec.identifier) return &spec;
+const ToolbarItemRow* ToolbarItems::FindIdentifier(const std::string& identifier) {
+    for (const ToolbarItemRow& entry : Table())
+        if (identifier == entry.identifier) return &entry;
     return nullptr;
 }
 

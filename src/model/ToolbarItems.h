@@ -8,7 +8,7 @@
 
 namespace lumivex {
 
-struct ToolbarItemSpec {
+struct ToolbarItemRow {
     int tag;
     const char* identifier;
     const char* label;
@@ -24,9 +24,9 @@ class ToolbarItems {
     static constexpr int kExport = 601;
 
     // The eight command items, in tag order.
-    static const std::vector<ToolbarItemSpec>& Table();
-    static const ToolbarItemSpec* FindTag(int tag);
-    static const ToolbarItemSpec* FindIdentifier(const std::string& identifier);
+    static const std::vector<ToolbarItemRow>& Table();
+    static const ToolbarItemRow* FindTag(int tag);
+    static const ToolbarItemRow* FindIdentifier(const std::string& identifier);
     static bool IsSpace(const std::string& identifier);
     static bool IsKnown(const std::string& identifier);
 

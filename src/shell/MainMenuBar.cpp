@@ -86,9 +86,9 @@ QIcon Diamond() {
 
 MainMenuBar::MainMenuBar(MenuCommands& commands, QWidget* parent)
     : QMenuBar(parent), pCommands(commands) {
-    for (const MenuSpec& spec : MenuItems::Table()) {
-        QMenu* menu = AddMenu(spec.name, spec.title);
-        for (const MenuItemSpec& item : spec.items)
+    for (const MenuRow& entry : MenuItems::Table()) {
+        QMenu* menu = AddMenu(entry.name, entry.title);
+        for (const MenuItemRow& item : entry.items)
             AddItem(menu, item);
     }
     pWinMenu = Menu("Win");
@@ -121,14 +121,14 @@ QMenu* MainMenuBar::AddMenu(const char* name, const char* title) {
     return menu;
 }
 
-void MainMenuBar::AddItem(QMenu* menu, const MenuItemSpec& spec) {
-    QAction* action = spec.item == MenuItem::Separator
+void MainMenuBar::AddItem(QMenu* menu, const MenuItemRow& entry) {
+    QAction* action = entry.item == MenuItem::Separator
                           ? menu->addSeparator()
-                          : menu->addAction(QString::fromUtf8(spec.title));
-    action->setObjectName(QString::fromLatin1(spec.name));
-    const MenuItem item = spec.item;
+                          : menu->addAction(QString::fromUtf8(entry.title));
+    action->setObjectName(QString::fromLatin1(entry.name));
+    const MenuItem item = entry.item;
     if (item == MenuItem::Separator) return;
-    action->setShortcut(QKeySequence(QString::fromLatin1(spec.shortcut)));
+    action->setShortcut(QKeySequence(QString::fromLatin1(entry.shortcut)));
     // Until the first menu opens, the items stand as declared (the commands may not be
     // ready to answer yet while the window is being made).
     action->setEnabled(MenuRules::Enabled(item, MenuState{}));

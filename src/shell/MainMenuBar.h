@@ -44,7 +44,7 @@ class MainMenuBar : public QMenuBar {
 
   private:
     QMenu* AddMenu(const char* name, const char* title);
-    void AddItem(QMenu* menu, const MenuItemSpec& spec);
+    void AddItem(QMenu* menu, const MenuItemRow& entry);
     void Run(MenuItem item);
     void ShowResetItem(bool altDown);
 

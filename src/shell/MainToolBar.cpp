@@ -39,19 +39,19 @@ MainToolBar::MainToolBar(CommandState& commands, ToolbarConfig config, QWidget* 
 }
 
 void MainToolBar::MakeActions() {
-    for (const ToolbarItemSpec& spec : ToolbarItems::Table()) {
+    for (const ToolbarItemRow& entry : ToolbarItems::Table()) {
         QAction* action =
-            spec.tag == ToolbarItems::kExport ? MakeExportMenu()->menuAction() : new QAction(this);
-        action->setText(QString::fromUtf8(spec.label));
-        action->setToolTip(QString::fromUtf8(spec.toolTip));
-        action->setIcon(ToolbarIcons::Icon(QString::fromUtf8(spec.iconName)));
-        action->setData(spec.tag);
-        if (spec.tag != ToolbarItems::kExport) {
-            const int tag = spec.tag;
+            entry.tag == ToolbarItems::kExport ? MakeExportMenu()->menuAction() : new QAction(this);
+        action->setText(QString::fromUtf8(entry.label));
+        action->setToolTip(QString::fromUtf8(entry.toolTip));
+        action->setIcon(ToolbarIcons::Icon(QString::fromUtf8(entry.iconName)));
+        action->setData(entry.tag);
+        if (entry.tag != ToolbarItems::kExport) {
+            const int tag = entry.tag;
             connect(action, &QAction::triggered, this,
                     [this, tag] { emit ToolbarItemClicked(tag); });
         }
-        pActions.insert(spec.tag, action);
+        pActions.insert(entry.tag, action);
     }
 }
 
@@ -122,8 +122,8 @@ QIcon MainToolBar::IconFor(const std::string& identifier) const {
         return ToolbarIcons::Fallback(QStringLiteral("toolbar-space"));
     if (identifier == ToolbarItems::kFlexibleSpace)
         return ToolbarIcons::Fallback(QStringLiteral("toolbar-flexible-space"));
-    const ToolbarItemSpec* spec = ToolbarItems::FindIdentifier(identifier);
-    return spec ? pActions.value(spec->tag)->icon() : QIcon();
+    const ToolbarItemRow* entry = ToolbarItems::FindIdentifier(identifier);
+    return entry ? pActions.value(entry->tag)->icon() : QIcon();
 }
 
 void MainToolBar::ToolbarItemEnableSet(int tag, bool enabled) {

@@ -29,8 +29,8 @@ QWidget* Column(const QString& title, QWidget* list) {
 QString ToolbarCustomizeDialog::LabelOf(const std::string& identifier) {
     if (identifier == ToolbarItems::kSpace) return QStringLiteral("スペース");
     if (identifier == ToolbarItems::kFlexibleSpace) return QStringLiteral("フレキシブルスペース");
-    const ToolbarItemSpec* spec = ToolbarItems::FindIdentifier(identifier);
-    return spec ? QString::fromUtf8(spec->label) : QString();
+    const ToolbarItemRow* entry = ToolbarItems::FindIdentifier(identifier);
+    return entry ? QString::fromUtf8(entry->label) : QString();
 }
 
 ToolbarCustomizeDialog::ToolbarCustomizeDialog(std::vector<std::string> items, IconSource icons,

@@ -94,25 +94,25 @@ class MainMenuBarTest : public ::testing::Test {
 
 // The handler an item should reach: its own, both copies the one copy, and none for the
 // items that this program lists without having their commands.
-std::vector<std::string> Expected(const MenuItemSpec& spec) {
+std::vector<std::string> Expected(const MenuItemRow& entry) {
     using M = MenuItem;
     for (M none : {M::EditUndo, M::EditRedo, M::EditCut, M::EditPaste, M::EditClear})
-        if (spec.item == none) return {};
-    if (spec.item == M::EditCopy) return {"EditCopy2"};
-    return {spec.name};
+        if (entry.item == none) return {};
+    if (entry.item == M::EditCopy) return {"EditCopy2"};
+    return {entry.name};
 }
 
 TEST_F(MainMenuBarTest, EachItemReachesItsCommand) {
     Select(1);
     emit menus->Menu("FileMenu")->aboutToShow();
-    for (const MenuSpec& menu : MenuItems::Table()) {
-        for (const MenuItemSpec& spec : menu.items) {
-            if (spec.item == MenuItem::Separator) continue;
+    for (const MenuRow& menu : MenuItems::Table()) {
+        for (const MenuItemRow& entry : menu.items) {
+            if (entry.item == MenuItem::Separator) continue;
             recorder->calls.clear();
-            QAction* action = menus->Action(spec.item);
-            ASSERT_NE(action, nullptr) << spec.name;
+            QAction* action = menus->Action(entry.item);
+            ASSERT_NE(action, nullptr) << entry.name;
             action->trigger();
-            EXPECT_EQ(recorder->calls, Expected(spec)) << spec.name;
+            EXPECT_EQ(recorder->calls, Expected(entry)) << entry.name;
         }
     }
 }

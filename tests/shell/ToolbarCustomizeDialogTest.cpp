@@ -27,8 +27,8 @@ std::string Tags(const std::vector<std::string>& items) {
     std::string text;
     for (const std::string& id : items) {
         if (!text.empty()) text += ' ';
-        const ToolbarItemSpec* spec = ToolbarItems::FindIdentifier(id);
-        text += spec ? std::to_string(spec->tag) : id == ToolbarItems::kSpace ? "_" : "~";
+        const ToolbarItemRow* entry = ToolbarItems::FindIdentifier(id);
+        text += entry ? std::to_string(entry->tag) : id == ToolbarItems::kSpace ? "_" : "~";
     }
     return text;
 }
