@@ -1,5 +1,8 @@
 #include "app/App.h"
 
+#include <QGuiApplication>
+#include <QPalette>
+
 #include "app/BatchRun.h"
 #include "browser/MainWindow.h"
 #include "browser/Prompter.h"
@@ -10,6 +13,13 @@ namespace {
 
 constexpr const char* kTemporaryFolderName = "com.ZenmoraWorksJP.LumivexPlus";
 
+// The selection colour a user has not chosen follows the desktop's own highlight, so the
+// grid's frames look like selections elsewhere on the desktop.
+std::int64_t DesktopHighlight() {
+    if (QGuiApplication::instance() == nullptr) return Settings::kDefaultHighlight;
+    return QGuiApplication::palette().color(QPalette::Highlight).rgb() & 0xFFFFFF;
+}
+
 }  // namespace
 
 App::App(Prompter& prompter, std::filesystem::path settingsFolder)
@@ -19,8 +29,9 @@ App::App(Prompter& prompter, std::filesystem::path settingsFolder)
 App::~App() = default;
 
 LoadResult App::InitApp() {
-    prefs_.InitAll();
-    const LoadResult r = PrefFile::LoadPref(prefs_, folder_);
+    const std::int64_t highlight = DesktopHighlight();
+    prefs_.InitAll(highlight);
+    const LoadResult r = PrefFile::LoadPref(prefs_, folder_, highlight);
     if (r == LoadResult::NoFile)
         prompter_.Message(nullptr, QString::fromUtf8(PrefFile::kNoFileMessage.data(),
                                                      PrefFile::kNoFileMessage.size()));

@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
+#include <QPalette>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
@@ -195,7 +196,11 @@ TEST_F(MainWindowTest, StopKeepsAPrefix) {
 }
 
 TEST_F(MainWindowTest, TheFrameIsSavedAtCloseAndComesBackAndAMissingFileIsSaid) {
+    QPalette desktop = QGuiApplication::palette();  // a first start takes the desktop's highlight
+    desktop.setColor(QPalette::Highlight, QColor(0x12, 0x34, 0x56));
+    QGuiApplication::setPalette(desktop);
     Start();
+    EXPECT_EQ(app_->Prefs().gPref[pref::kSelectionColor], 0x123456);
     // No Google Earth here: the user is told, and the scripted cancel is "利用しない".
     ASSERT_EQ(prompter_.asked, QStringList({QString::fromUtf8(PrefFile::kNoFileMessage.data(),
                                                               PrefFile::kNoFileMessage.size()),
