@@ -61,7 +61,11 @@ class NoPrompter : public lumivex::Prompter {
 
 class BenchWindow {
   public:
-    BenchWindow() { prefs_.InitAll(); }
+    // Without Google Earth: its search at start would ask a question.
+    BenchWindow() {
+        prefs_.InitAll();
+        prefs_.gPref[lumivex::pref::kGoogleEarthAllowed] = 0;
+    }
     // Starts and shows the window; false when it never became visible.
     bool Show() {
         w_.InitApp();
