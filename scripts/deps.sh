@@ -8,6 +8,8 @@ LUMIVEX_PACKAGES=(
     fonts-noto-cjk
     # the icon sizes (rsvg-convert), the Debian package, the desktop-file validators
     librsvg2-bin dpkg-dev desktop-file-utils appstream
+    # the process test that types Ctrl+Q on a virtual X display
+    xvfb xauth xdotool
 )
 # What scripts/run needs to show the program on a machine without a display.
 LUMIVEX_HEADLESS_PACKAGES=(xvfb xauth x11-utils xdotool imagemagick)

@@ -1,6 +1,6 @@
-// The program as a process: it starts on the offscreen platform, and a SIGTERM takes the road
-// of a close, so the settings are written; a folder on the command line is extracted and ends
-// it; what it cannot act on is said with a failing status.
+// The program as a process: it starts on the offscreen platform (or a real X display), and a
+// SIGTERM or Ctrl+Q takes the road of a close, so the settings are written; a folder on the
+// command line is extracted and ends it; what it cannot act on is said with a failing status.
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <sys/socket.h>
@@ -9,6 +9,7 @@
 
 #include <QProcess>
 #include <QProcessEnvironment>
+#include <QStandardPaths>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -128,6 +129,60 @@ TEST_F(ProgramTest, AFolderArgumentIsExtractedAndWhatIsNoFolderIsRefused) {
     EXPECT_EQ(p->exitCode(), 0);
     EXPECT_EQ(p->readAllStandardOutput().toStdString(),
               std::string("Lumivex Plus ") + kVersionString + "\n");
+}
+
+// Ctrl+Q typed on a real X display (Xvfb, keys through XTEST) ends the program by the
+// window's close, which writes the settings. Skipped where Xvfb or xdotool is missing.
+TEST_F(ProgramTest, CtrlQOnARealDisplaySavesTheSettings) {
+    if (QStandardPaths::findExecutable("Xvfb").isEmpty() ||
+        QStandardPaths::findExecutable("xdotool").isEmpty())
+        GTEST_SKIP() << "Xvfb or xdotool missing";
+    const QString display = QStringLiteral(":%1").arg(300 + ::getpid() % 600);
+    QProcess xvfb;
+    xvfb.start("Xvfb", {display, "-screen", "0", "1280x800x24", "-nolisten", "tcp"});
+    ASSERT_TRUE(xvfb.waitForStarted(10000));
+    const fs::path socket = "/tmp/.X11-unix/X" + display.mid(1).toStdString();
+    for (int i = 0; i < 300 && !fs::exists(socket); ++i)
+        ::usleep(20000);
+    ASSERT_TRUE(fs::exists(socket));
+
+    lumivex::Settings s;  // Google Earth off: its search would put a question over the window
+    s.InitAll();
+    s.gPref[pref::kGoogleEarthAllowed] = 0;
+    s.gPref[pref::kFrameWidth] = 0;  // only the close writes a width
+    fs::create_directories(Settings().parent_path());
+    ASSERT_TRUE(PrefFile::SavePref(s, Settings().parent_path()));
+    ReadySocket ready(home_ / "notify");
+    env_.insert("NOTIFY_SOCKET", QString::fromStdString(ready.path()));
+    env_.insert("QT_QPA_PLATFORM", "xcb");
+    env_.insert("DISPLAY", display);
+    QProcess p;
+    p.setProcessEnvironment(env_);
+    p.start(LUMIVEX_PLUS_PATH, {});
+    ASSERT_TRUE(p.waitForStarted(10000));
+    ASSERT_EQ(ready.Wait(30000), "READY=1");
+    auto xdotool = [&](const QStringList& args) {
+        QProcess x;
+        x.setProcessEnvironment(env_);
+        x.start("xdotool", args);
+        x.waitForFinished(10000);
+        return QString::fromUtf8(x.readAllStandardOutput()).trimmed();
+    };
+    const QString win =
+        xdotool({"search", "--sync", "--name", "^Lumivex Plus$"}).section('\n', 0, 0);
+    ASSERT_FALSE(win.isEmpty());
+    xdotool({"mousemove", "--window", win, "400", "300", "click", "1"});  // focus, no WM here
+    xdotool({"key", "ctrl+q"});
+    const bool ended = p.waitForFinished(15000);
+    if (!ended) p.kill();
+    xvfb.terminate();
+    xvfb.waitForFinished(5000);
+    ASSERT_TRUE(ended);
+    EXPECT_EQ(p.exitCode(), 0);
+    lumivex::Settings saved;
+    saved.InitAll();
+    ASSERT_EQ(PrefFile::LoadPref(saved, Settings().parent_path()), LoadResult::Loaded);
+    EXPECT_GE(saved.gPref[pref::kFrameWidth], 725);  // the close stored the frame
 }
 
 }  // namespace
