@@ -4,12 +4,14 @@
 #include <QApplication>
 #include <QFrame>
 #include <QGuiApplication>
+#include <QPropertyAnimation>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QStyle>
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "browser/WindowFrame.h"
 #include "core/Globals.h"
 #include "core/PrefFile.h"
 #include "model/PrefPages.h"
@@ -126,7 +128,7 @@ void PrefDlg::BuildToolbar(const QIcon& googleEarthIcon) {
         group->addAction(a);
         // A click on the page already shown keeps its button pushed (the group sees to it).
         connect(a, &QAction::triggered, this, [this, i] {
-            if (i != Page()) MovePage(i);
+            if (i != Page()) MovePage(i, true);
         });
         buttons_[static_cast<std::size_t>(i)] = a;
     }
@@ -136,11 +138,11 @@ void PrefDlg::BuildToolbar(const QIcon& googleEarthIcon) {
 void PrefDlg::InitApp(std::int64_t page) {
     PushButtonItem(page);
     // Another page first, so that the page itself is laid out by a real switch.
-    MovePage(PrefPages::Before(PrefPages::Valid(page) ? static_cast<int>(page) : 0));
-    MovePage(page);
+    MovePage(PrefPages::Before(PrefPages::Valid(page) ? static_cast<int>(page) : 0), false);
+    MovePage(page, false);
 }
 
-void PrefDlg::MovePage(std::int64_t page) {
+void PrefDlg::MovePage(std::int64_t page, bool animate) {
     if (!PrefPages::Valid(page)) return;
     const auto& p = PrefPages::All()[static_cast<std::size_t>(page)];
     setWindowTitle(QString::fromUtf8(p.title.data(), static_cast<qsizetype>(p.title.size())));
@@ -150,7 +152,7 @@ void PrefDlg::MovePage(std::int64_t page) {
             i == page ? QSizePolicy::Preferred : QSizePolicy::Ignored,
             i == page ? QSizePolicy::Preferred : QSizePolicy::Ignored);
     panel_->setCurrentIndex(static_cast<int>(page));
-    ResizeWindow(p.height);
+    ResizeWindow(p.height, animate);
 }
 
 int PrefDlg::Page() const {
@@ -162,9 +164,18 @@ void PrefDlg::PushButtonItem(std::int64_t page) {
     if (a != nullptr) a->setChecked(true);
 }
 
-void PrefDlg::ResizeWindow(int height) {
+void PrefDlg::ResizeWindow(int height, bool animate) {
     // The page heights count the content below the toolbar, buttons included.
-    setFixedSize(PrefPages::kWidth, height + toolbar_->sizeHint().height());
+    const QSize to(PrefPages::kWidth, height + toolbar_->sizeHint().height());
+    if (!animate || !isVisible()) {
+        setFixedSize(to);
+        return;
+    }
+    // A fixed size would hold the frame still; it is fixed again once the frame has moved.
+    setMinimumSize(0, 0);
+    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    QPropertyAnimation* anime = WindowFrame::DoAnime(*this, to.width(), to.height());
+    connect(anime, &QPropertyAnimation::finished, this, [this, to] { setFixedSize(to); });
 }
 
 void PrefDlg::PushButton2_Action() {

@@ -44,7 +44,7 @@ class PrefDlg : public QDialog {
     static bool AltHeld();
 
     void InitApp(std::int64_t page);
-    void MovePage(std::int64_t page);
+    void MovePage(std::int64_t page, bool animate);
     int Page() const;
     bool Expert() const { return values_.expert; }
     // The button of each page; the expert page's is null when it is not offered.
@@ -62,7 +62,8 @@ class PrefDlg : public QDialog {
   private:
     void BuildToolbar(const QIcon& googleEarthIcon);
     void PushButtonItem(std::int64_t page);
-    void ResizeWindow(int height);
+    // With `animate` (a page switch while shown) the frame moves as the window frame does.
+    void ResizeWindow(int height, bool animate);
     void PushButton2_Action();
 
     Settings& prefs_;

@@ -158,16 +158,24 @@ TEST_F(PrefDlgTest, TheLastPageShownComesBack) {
     }
 
     // A page chosen from the toolbar is remembered through a cancel, and shown next time.
+    // A switch while shown moves the frame to the page's size, then holds it there.
     prefs.gPref[pref::kPrefsPage] = 0;
+    QSize moved;
     {
         PrefDlg dlg(Context());
+        dlg.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&dlg));
         dlg.findChild<QAction*>("ToolItem3")->trigger();
         EXPECT_EQ(dlg.windowTitle(), QStringLiteral("環境設定カメラ"));
+        EXPECT_NE(dlg.minimumSize(), dlg.maximumSize());
+        ASSERT_TRUE(QTest::qWaitFor([&] { return dlg.minimumSize() == dlg.maximumSize(); }));
+        moved = dlg.size();
         Click(dlg, "PushButton1");
     }
     EXPECT_EQ(prefs.gPref[pref::kPrefsPage], 2);
     PrefDlg again(Context());
     EXPECT_EQ(again.Page(), 2);
+    EXPECT_EQ(again.size(), moved);
     EXPECT_TRUE(again.findChild<QAction*>("ToolItem3")->isChecked());
 }
 
