@@ -34,7 +34,7 @@ struct SaveAnswer {
 
 class Prompter {
   public:
-    // gCautionDlg's results: the action button, cancel (and anything else), the alternate.
+    // Caution's results: the action button, cancel (and anything else), the alternate.
     static constexpr int kAction = 2;
     static constexpr int kCancel = 1;
     static constexpr int kAlternate = 0;
@@ -60,7 +60,7 @@ class Prompter {
     virtual std::optional<QColor> ChooseColor(QWidget* parent, const QColor& start,
                                               const QString& caption) = 0;
 
-    // gCautionDlg1: one "OK" button; the result is not used.
+    // A caution with one "OK" button; the result is not used.
     void CautionOk(QWidget* parent, const QString& message, const QString& explanation, bool beep);
 };
 

@@ -1,5 +1,5 @@
 #pragma once
-// The window's one worker (Thread1): runs a folder scan or an export of every item off the
+// The window's one worker thread: runs a folder scan or an export of every item off the
 // main thread and keeps a mailbox that the window polls. The window copies what the job needs
 // before the start; the worker touches no widget and reads no shared settings. Complete items wait
 // in a guarded queue until the main thread takes them, so an item is never seen half made.
@@ -45,11 +45,11 @@ class ScanWorker {
     std::size_t Written() const;
     std::size_t Failed() const;
     std::size_t Protected() const;
-    // pThread1_Stop: asks the job to end; the items found (or files written) so far stay.
+    // Stop: asks the job to end; the items found (or files written) so far stay.
     void Stop();
-    // pThread1_End: the job has handed out its last item.
+    // End: the job has handed out its last item.
     bool End() const;
-    // pThread1_ProgVal: folder entries examined (items exported) so far; Total: the folder's
+    // ProgVal: folder entries examined (items exported) so far; Total: the folder's
     // entry count, 0 until the worker has listed it (the item count of an export).
     std::size_t ProgVal() const;
     std::size_t Total() const;
