@@ -32,11 +32,6 @@ class MainToolBarTest : public ::testing::Test {
     std::unique_ptr<MainToolBar> Make(QWidget* parent = nullptr) {
         return std::make_unique<MainToolBar>(commands, ToolbarConfig(), parent);
     }
-    void WriteConfig(const QByteArray& text) {
-        QFile file(dir.filePath("com.ZenmoraWorksJP.LumivexPlus.conf"));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-    }
 
     QTemporaryDir dir;
     CommandState commands;
@@ -100,19 +95,6 @@ TEST_F(MainToolBarTest, ItemsAndShownStateSurviveARestart) {
         bar.reset();
     }
     EXPECT_TRUE(QFile::exists(dir.filePath("com.ZenmoraWorksJP.LumivexPlus.conf")));
-}
-
-TEST_F(MainToolBarTest, ADamagedSavedListGivesTheDefaultSet) {
-    const QByteArray cases[] = {
-        "[MySampleToolbar]\nTB%20Item%20Identifiers\\size=7\n",
-        "\x01\x02 not a settings file \xff",
-    };
-    for (const QByteArray& text : cases) {
-        WriteConfig(text);
-        auto bar = Make();
-        EXPECT_EQ(bar->Items(), ToolbarItems::DefaultItemIdentifiers()) << text.constData();
-        EXPECT_TRUE(bar->GetToolbarVisible());
-    }
 }
 
 TEST_F(MainToolBarTest, ItemsThatDoNotFitGoToTheExtensionMenu) {
