@@ -31,16 +31,10 @@ class BatchRunTest : public ::testing::Test {
         s.InitAll();
         options_ = ScanOptions::FromSettings(s);
     }
-    void WriteThumbnailed(const std::string& name) {
+    void Write(const std::string& name, bool thumbnail = true) {
         fixtures::ExifJpegBuilder b;
         b.Ifd0().Ascii(0x010F, "M");
-        b.JpegThumbnail(160, 120);
-        b.Write(source_ / name);
-    }
-    void WriteBare(const std::string& name) {
-        fixtures::ExifJpegBuilder b;
-        b.Ifd0().Ascii(0x010F, "M");
-        b.NoThumbnail();
+        if (thumbnail) b.JpegThumbnail(160, 120);
         b.Write(source_ / name);
     }
     std::vector<std::string> TargetNames() const {
@@ -59,9 +53,9 @@ class BatchRunTest : public ::testing::Test {
 };
 
 TEST_F(BatchRunTest, WritesEachThumbnailAsJpegUnderItsBodyName) {
-    WriteThumbnailed("IMG_0001.JPG");
-    WriteThumbnailed("trip.day.2.jpeg");  // inner dots stay
-    WriteBare("NOTHUMB.JPG");
+    Write("IMG_0001.JPG");
+    Write("trip.day.2.jpeg");  // inner dots stay
+    Write("NOTHUMB.JPG", false);
     fs::create_directories(source_ / "SUB.JPG");  // passes the name test, gives nothing
     std::ofstream(source_ / "notes.txt") << "x";
     prompter_.files << QString::fromStdString(target_.string());
@@ -90,8 +84,8 @@ TEST_F(BatchRunTest, AsksNothingWithoutThumbnailsAndWritesNothingWithoutAFolder)
         SCOPED_TRACE(c.what);
         fs::remove_all(source_);
         fs::create_directories(source_);
-        WriteBare("A.JPG");
-        if (c.withThumbnail) WriteThumbnailed("B.JPG");
+        Write("A.JPG", false);
+        if (c.withThumbnail) Write("B.JPG");
         ScriptedPrompter prompter;
         if (c.answer) prompter.files << QString::fromStdString(target_.string());
         BatchRun run(prompter, options_);
@@ -102,8 +96,8 @@ TEST_F(BatchRunTest, AsksNothingWithoutThumbnailsAndWritesNothingWithoutAFolder)
 }
 
 TEST_F(BatchRunTest, SaysWhatWasNotWritten) {
-    WriteThumbnailed("IMG_0001.JPG");
-    WriteThumbnailed("IMG_0002.JPG");
+    Write("IMG_0001.JPG");
+    Write("IMG_0002.JPG");
     const auto source = ReadAll(source_ / "IMG_0001.JPG");
 
     prompter_.files << QString::fromStdString(source_.string());  // the source itself

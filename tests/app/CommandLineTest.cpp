@@ -29,10 +29,9 @@ TEST(CommandLineTest, SaysWhatEachArgumentAsksFor) {
         std::string error;  // a part of the message
     };
     const Case cases[] = {
-        {{}, Action::Browse, {}, ""},
-        {{dir}, Action::Extract, {dir}, ""},
-        {{dir, dir2}, Action::Extract, {dir, dir2}, ""},
-        {{"--help"}, Action::Help, {}, ""},
+        // clang-format off
+        {{}, Action::Browse, {}, ""}, {{dir}, Action::Extract, {dir}, ""},
+        {{dir, dir2}, Action::Extract, {dir, dir2}, ""}, {{"--help"}, Action::Help, {}, ""},
         {{"-h", dir}, Action::Help, {}, ""},
         {{"--bogus", "--version"}, Action::Version, {}, ""},  // it answers whatever else
         {{"--", "--version"}, Action::Error, {}, "「--version」が見つかりません"},
@@ -40,6 +39,7 @@ TEST(CommandLineTest, SaysWhatEachArgumentAsksFor) {
         {{dir, gone}, Action::Error, {}, "「" + gone + "」が見つかりません"},
         {{"--target", dir}, Action::Error, {}, "「--target」は使えないオプションです"},
         {{""}, Action::Error, {}, "が見つかりません"},
+        // clang-format on
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(testing::PrintToString(c.args));

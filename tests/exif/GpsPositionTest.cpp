@@ -14,12 +14,11 @@ TEST(GpsPosition, OneSelectedPictureWithAPosition) {
         bool latitude, longitude;
         int count, selected;
     } cases[] = {
-        {"latitude and longitude", true, true, 1, 1},
-        {"latitude alone", true, false, 1, 1},
-        {"longitude alone", false, true, 1, 1},
-        {"GPS without a position", false, false, 1, 1},
-        {"two selected", true, true, 2, 2},
-        {"none selected", true, true, 0, 1},
+        // clang-format off
+        {"latitude and longitude", true, true, 1, 1}, {"latitude alone", true, false, 1, 1},
+        {"longitude alone", false, true, 1, 1}, {"GPS without a position", false, false, 1, 1},
+        {"two selected", true, true, 2, 2}, {"none selected", true, true, 0, 1},
+        // clang-format on
     };
     fixtures::ScratchDir dir;
     const auto file = dir.path() / "P&1.JPG";

@@ -16,6 +16,7 @@ TEST(FrameFit, FramesOffEveryScreenComeBackOntoOne) {
         std::vector<FrameRect> screens;
         FrameRect expected;
     } cases[] = {
+        // clang-format off
         {"inside stays", {100, 120, 725, 524}, {laptop}, {100, 120, 725, 524}},
         {"no screens known", {3000, 2000, 725, 524}, {}, {3000, 2000, 725, 524}},
         {"monitor unplugged", {3000, 2000, 725, 524}, {laptop}, {555, 276, 725, 524}},
@@ -24,10 +25,8 @@ TEST(FrameFit, FramesOffEveryScreenComeBackOntoOne) {
         {"most overlap wins", {1200, 100, 725, 524}, {laptop, right}, {1280, 100, 725, 524}},
         {"off both: the primary", {9000, 3000, 725, 524}, {laptop, right}, {555, 276, 725, 524}},
         {"second monitor kept", {2000, 300, 725, 524}, {laptop, right}, {2000, 300, 725, 524}},
-        {"near the integer limits",
-         {INT_MAX - 600, INT_MAX - 10, 725, 524},
-         {laptop},
-         {555, 276, 725, 524}},
+        {"near the integer limits", {INT_MAX - 600, INT_MAX - 10, 725, 524}, {laptop}, {555, 276, 725, 524}},
+        // clang-format on
     };
     for (const Case& c : cases)
         EXPECT_EQ(FitFrameOnScreens(c.frame, c.screens), c.expected) << c.what;

@@ -64,24 +64,22 @@ struct Edit {
 };
 
 const Edit kEveryControl[] = {
+    // clang-format off
     {"Canvas4", 0x102030, "", pref::kListBackColor, 0x102030},
     {"Canvas1", 0x405060, "", pref::kThumbBackColor, 0x405060},
     {"Canvas2", 0x708090, "", pref::kSelectionColor, 0x708090},
     {"Canvas3", 0xA0B0C0, "", pref::kFolderNameColor, 0xA0B0C0},
     {"CheckBox2", 0, "", pref::kColorFolderNames, 0},
-    {"CheckBox3", 0, "", pref::kFollowOrientation, 0},
-    {"CheckBox6", 1, "", pref::kListNoThumb, 1},
-    {"CheckBox10", 1, "", pref::kShowExtension, 1},
-    {"CheckBox8", 1, "", pref::kDetectCamera, 1},
-    {"CheckBox9", 1, "", pref::kEjectAtQuit, 1},
-    {"CheckBox4", 0, "", pref::kGoogleEarthAllowed, 0},
+    {"CheckBox3", 0, "", pref::kFollowOrientation, 0}, {"CheckBox6", 1, "", pref::kListNoThumb, 1},
+    {"CheckBox10", 1, "", pref::kShowExtension, 1}, {"CheckBox8", 1, "", pref::kDetectCamera, 1},
+    {"CheckBox9", 1, "", pref::kEjectAtQuit, 1}, {"CheckBox4", 0, "", pref::kGoogleEarthAllowed, 0},
     {"EditField1", 0, "3500", pref::kGoogleEarthRange, 3500},
     {"EditField2", 0, "30.7", pref::kGoogleEarthTilt, 30},
     {"EditField3", 0, "270", pref::kGoogleEarthHeading, 270},
     {"EditField4", 0, "0.3", pref::kGoogleEarthSpeed, 3},
-    {"RadioButton3", 1, "", pref::kVolumeMode, 2},
-    {"CheckBox1", 0, "", pref::kBeepOnCaution, 0},
+    {"RadioButton3", 1, "", pref::kVolumeMode, 2}, {"CheckBox1", 0, "", pref::kBeepOnCaution, 0},
     {"CheckBox5", 1, "", pref::kKeepExpert, 1},
+    // clang-format on
 };
 
 void Apply(const PrefDlg& d, const Edit& e) {
