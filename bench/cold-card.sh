@@ -89,7 +89,12 @@ cold
 t0=$EPOCHREALTIME
 throttled dd if="$LOOP" of=/dev/null bs=1M count=$((BPS * 2 / 1048576 + 1)) iflag=direct 2>/dev/null
 t1=$EPOCHREALTIME
-echo "throttle: $THROTTLE at $BPS B/s; dd of the raw device: $(echo "scale=1; ($BPS * 2 / 1048576 + 1) * 1048576 / ($t1 - $t0) / 1000000" | bc -l) MB/s"
+DD_BPS=$(echo "scale=0; ($BPS * 2 / 1048576 + 1) * 1048576 / ($t1 - $t0)" | bc -l)
+echo "throttle: $THROTTLE at $BPS B/s; dd of the raw device: $((DD_BPS / 1000)) kB/s"
+if [ "$DD_BPS" -gt $((BPS * 3 / 2)) ]; then
+    echo "cold-card: the kernel does not hold reads of $LOOP to $BPS B/s; figures would mislead" >&2
+    exit 1
+fi
 
 # ---- runs ------------------------------------------------------------------------------
 mount -o ro "$LOOP" "$MNT"
