@@ -136,12 +136,11 @@ read -r t b < <(cold_run sh -c 'exec exiv2 -f -et -l "$0" "$1"/*.JPG' "$OUT" "$F
 row "exiv2 -f -et" "$t" "$b"
 
 # The window: the benchmark mounts the card under /media/ while the window runs, cold each
-# round. It runs in a mount namespace of its own, so that no other Lumivex window sees the
-# card, reads it (unthrottled, filling the cache) and skews the figures.
+# round, in a mount namespace of its own, so that no other Lumivex window sees the card and
+# reads it (unthrottled, filling the cache) behind the measurement's back.
 umount "$MNT"
-HOME=$HOME_DIR XDG_CONFIG_HOME=$HOME_DIR/.config unshare -m --propagation private \
-    sh -c 'echo $$ >"$0/cgroup.procs" && exec "$@"' "$CG" \
-    "$CARD_BENCH" --device "$LOOP" --drop-caches "$N" 2>/dev/null | sed 's/^/window: /'
+HOME=$HOME_DIR XDG_CONFIG_HOME=$HOME_DIR/.config \
+    throttled "$CARD_BENCH" --device "$LOOP" --drop-caches "$N" 2>/dev/null | sed 's/^/window: /'
 
 # What the scan asks of the system, warm: one listing, one open and a few reads per file.
 mount -o ro "$LOOP" "$MNT"
