@@ -24,6 +24,8 @@ bool ByteSource::OpenFile(const std::filesystem::path& file) {
         ::close(fd);
         return false;
     }
+    // Read-ahead would fetch tens of KB past the few that a thumbnail needs.
+    ::posix_fadvise(fd, 0, 0, POSIX_FADV_RANDOM);
     fd_ = fd;
     open_ = true;
     size_ = static_cast<std::uint64_t>(st.st_size);
@@ -32,7 +34,6 @@ bool ByteSource::OpenFile(const std::filesystem::path& file) {
     headLen_ = ReadAt(0, head_.get(), want);
     // A file that shrank since fstat ends where the read ended.
     if (headLen_ < want) size_ = headLen_;
-    grown_ = size_ <= headLen_;
     return true;
 }
 
@@ -50,7 +51,7 @@ void ByteSource::Close() {
     open_ = false;
     size_ = 0;
     headLen_ = 0;
-    grown_ = false;
+    expected_ = 0;
     for (Page& p : pages_)
         p.len = 0;
 }
@@ -68,9 +69,12 @@ std::size_t ByteSource::ReadAt(std::uint64_t pos, std::uint8_t* out, std::size_t
 }
 
 void ByteSource::Reach(std::uint64_t first, std::uint64_t last) {
-    if (grown_ || mem_ != nullptr || last < headLen_ || first >= kHeadSize) return;
-    grown_ = true;
-    const auto want = static_cast<std::size_t>(std::min<std::uint64_t>(size_, kHeadSize));
+    if (mem_ != nullptr || last < headLen_ || first >= kHeadSize) return;
+    // Whole pages: the kernel fetches them anyway. Past the expected end the hint was wrong,
+    // and the rest of the head comes at once rather than value by value.
+    std::uint64_t end = last < expected_ ? expected_ : kHeadSize;
+    end = (end + kPageSize - 1) & ~std::uint64_t{kPageSize - 1};
+    const auto want = static_cast<std::size_t>(std::min<std::uint64_t>({size_, kHeadSize, end}));
     if (want <= headLen_) return;
     headLen_ += ReadAt(headLen_, head_.get() + headLen_, want - headLen_);
     if (headLen_ < want) size_ = headLen_;

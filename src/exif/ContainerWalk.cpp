@@ -42,7 +42,10 @@ bool ContainerWalk::ToTiffHeader(ByteSource& s, std::uint64_t& pos, std::uint64_
         pos += 2;
     }
     if (marker != 0xFFE1) return false;
-    pos += 2;  // the APP1 length is never needed
+    // The segment's length does not decide what is read, but cameras put the directories and
+    // the thumbnail inside it, so it says how much of the file the source will be asked for.
+    s.Expect(pos + BigEndian16(s, pos));
+    pos += 2;
     std::array<std::uint8_t, 4> signature{};
     s.Copy(pos, signature.data(), signature.size());
     pos += 6;

@@ -11,7 +11,7 @@ struct ScanOptions {
     bool orientation = true;  // turn thumbnails by their orientation tag
     bool noThumb = false;     // a placeholder for files with Exif but no usable thumbnail
     ExtensionFilter filter;   // which names count as images
-    unsigned threads = 0;     // decoding threads; 0 means one per core
+    unsigned threads = 0;     // files read and decoded at once; 0: one per core, at least 2
 
     static ScanOptions FromSettings(const Settings& prefs);
 };

@@ -31,6 +31,24 @@ TEST(ScanCommand, ItemsInNameOrderSkipsAndCost) {
     EXPECT_EQ(RunCommand<ScanCommand>({dir.path() / "none"}).status, 1);
 }
 
+// Any number of files in flight from 1 to 16 gives the same items in the same order; other
+// counts are refused before anything is read.
+TEST(ScanCommand, ThreadsGiveTheSameItemsAndAreBounded) {
+    fixtures::ScratchDir dir;
+    for (const char* name : {"c.jpg", "a.jpg", "b.jpg"})
+        Camera(dir.path() / name, [](auto& b) { b.JpegThumbnail(32, 24); });
+    const std::string items = "a.jpg 32x24 0\nb.jpg 32x24 0\nc.jpg 32x24 0\n";
+    const struct {
+        const char* threads;
+        int status;
+    } cases[] = {{"1", 0}, {"16", 0}, {"0", 2}, {"17", 2}, {"2x", 2}, {"", 2}};
+    for (const auto& c : cases) {
+        const Output o = RunCommand<ScanCommand>({"--threads", c.threads, dir.path()});
+        EXPECT_EQ(o.status, c.status) << c.threads;
+        EXPECT_EQ(o.out.substr(0, o.out.find("files")), c.status == 0 ? items : "") << c.threads;
+    }
+}
+
 // A folder that cannot be listed is an error with its reason, never an empty folder.
 TEST(ScanCommand, UnreadableFolderFailsEveryCommand) {
     fixtures::ScratchDir dir;

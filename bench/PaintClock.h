@@ -1,0 +1,106 @@
+#pragma once
+// Watches the main window from a starting moment: when the grid's first screenful was painted,
+// when a paint first showed the whole folder once its scan had ended, and the longest pause of
+// the main thread, seen as the longest gap between the beats of a 2 ms timer.
+#include <QElapsedTimer>
+#include <QEvent>
+#include <QEventLoop>
+#include <QObject>
+#include <QTimer>
+#include <algorithm>
+#include <cstddef>
+#include <functional>
+
+#include "browser/MainWindow.h"
+#include "browser/ThumbnailCanvas.h"
+
+namespace bench {
+
+class PaintClock : public QObject {
+  public:
+    struct Figures {
+        double firstScreenMs = -1;  // -1: never happened
+        double allMs = -1;
+        double longestPauseMs = 0;
+        double pauseAtMs = 0;  // when the longest pause began
+    };
+
+    PaintClock(lumivex::MainWindow& w, std::size_t total) : w_(w), total_(total) {
+        w_.Canvas()->installEventFilter(this);
+        beat_.setTimerType(Qt::PreciseTimer);
+        beat_.setInterval(2);
+        connect(&beat_, &QTimer::timeout, this, &PaintClock::Beat);
+    }
+
+    // Starts the clock; `ready` says when the whole folder is in the model. Runs the event
+    // loop until a paint has shown it, or `limitMs` passed.
+    template <typename Ready>
+    Figures Run(QElapsedTimer& clock, Ready ready, int limitMs) {
+        clock_ = &clock;
+        f_ = Figures{};
+        lastBeat_ = clock.nsecsElapsed();
+        QEventLoop loop;
+        QTimer limit;
+        limit.setSingleShot(true);
+        connect(&limit, &QTimer::timeout, &loop, &QEventLoop::quit);
+        done_ = [&] {
+            if (f_.allMs < 0 && ready()) {
+                w_.Canvas()->update();  // the finished grid, painted once more
+                readyAt_ = true;
+            }
+            if (f_.allMs >= 0) loop.quit();
+        };
+        beat_.start();
+        limit.start(limitMs);
+        loop.exec();
+        beat_.stop();
+        readyAt_ = false;
+        done_ = nullptr;
+        return f_;
+    }
+
+  protected:
+    bool eventFilter(QObject* o, QEvent* e) override {
+        if (o != w_.Canvas() || e->type() != QEvent::Paint || inPaint_ || clock_ == nullptr)
+            return false;
+        // The canvas paints here, inside its own paint event, so that the time read after it
+        // is the time the screen was drawn.
+        inPaint_ = true;
+        static_cast<QObject*>(w_.Canvas())->event(e);
+        inPaint_ = false;
+        const double now = Ms();
+        const auto& items = w_.Items();
+        const bool full =
+            items.size() >= total_ || (!items.empty() && items.back().y >= w_.Canvas()->height());
+        if (f_.firstScreenMs < 0 && full) f_.firstScreenMs = now;
+        if (f_.allMs < 0 && readyAt_) f_.allMs = now;
+        if (done_) done_();
+        return true;
+    }
+
+  private:
+    double Ms() const { return static_cast<double>(clock_->nsecsElapsed()) / 1e6; }
+
+    void Beat() {
+        const qint64 now = clock_->nsecsElapsed();
+        const double gap = static_cast<double>(now - lastBeat_) / 1e6;
+        if (gap > f_.longestPauseMs) {
+            f_.longestPauseMs = gap;
+            f_.pauseAtMs = static_cast<double>(lastBeat_) / 1e6;
+        }
+        lastBeat_ = now;
+        if (done_) done_();
+    }
+
+    lumivex::MainWindow& w_;
+    std::size_t total_;
+    QTimer beat_;
+    QElapsedTimer* clock_ = nullptr;
+    qint64 lastBeat_ = 0;
+    Figures f_;
+    bool inPaint_ = false;
+    bool readyAt_ = false;
+    std::function<void()> done_;
+};
+
+}  // namespace bench
