@@ -48,7 +48,7 @@ class ThumbnailCanvas : public QWidget {
     void pressed(int x, int y, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
     void moved(int x, int y);
     // Wheel turns in lines (positive downwards), already converted from angle deltas: one
-    // notch is one line; the fine steps of a touchpad add up to whole lines.
+    // notch is one line; the fine steps of a wheel that gives no pixels add up to whole lines.
     void wheelLines(int lines);
     // The pixels of a touchpad or a high-resolution wheel (positive downwards), when the
     // event carries them: scrolled as they are, not rounded to notches.
