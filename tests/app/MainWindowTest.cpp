@@ -403,6 +403,7 @@ TEST_F(MainWindowTest, KeysSelectOpenTheDialogAndTheMenuAndATouchpadScrollsByPix
     EXPECT_TRUE(w_->Commands().Enabled(CommandState::kExifInfo));
     // Assistive technology finds the current item, which wears the dotted frame.
     QAccessibleInterface* list = QAccessible::queryAccessibleInterface(c);
+    ASSERT_NE(list->child(1), nullptr);
     EXPECT_EQ(list->focusChild(), list->child(1));
     EXPECT_TRUE(list->child(1)->state().focused);
     const QImage shot = c->grab().toImage();
