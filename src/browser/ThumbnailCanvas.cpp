@@ -24,7 +24,8 @@ constexpr int kStripExtra = 5;     // the cut label's strip is the font size plu
 constexpr int kNotchDelta = 120;   // angle delta of one wheel notch
 constexpr int kFocusOut = 3;       // the focus frame's distance from the picture
 
-bool GridKey(const QKeyEvent& event) {
+// The keys the grid acts on; the others go on to the window.
+bool IsGridKey(const QKeyEvent& event) {
     if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
         return false;
     switch (event.key()) {
@@ -237,7 +238,7 @@ void ThumbnailCanvas::wheelEvent(QWheelEvent* event) {
 }
 
 void ThumbnailCanvas::keyPressEvent(QKeyEvent* event) {
-    if (!GridKey(*event)) return QWidget::keyPressEvent(event);
+    if (!IsGridKey(*event)) return QWidget::keyPressEvent(event);
     emit keyPressed(event->key(), event->modifiers());
 }
 
