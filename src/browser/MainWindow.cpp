@@ -7,6 +7,7 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 
+#include "browser/GridInput.h"
 #include "browser/MenuOfTexts.h"
 #include "browser/Prompter.h"
 #include "browser/RestingToolTip.h"
@@ -71,6 +72,7 @@ void MainWindow::InitSplitView() {
     pSplit->setChildrenCollapsible(false);
     pOutline = new SidebarView(pPrefs, pSplit);
     pOutline->setMinimumWidth(100);
+    pOutline->setAccessibleName(QStringLiteral("フォルダー一覧"));
     pSplit->addWidget(pOutline);
     pSplit->addWidget(MakePane(pSplit));
     pSplit->setStretchFactor(1, 1);
@@ -80,7 +82,9 @@ void MainWindow::InitSplitView() {
     connect(pOutline, &SidebarView::selectionDidChange, this, &MainWindow::OutlineDidSelRow);
     connect(pStrip, &ScanProgressStrip::stopClicked, this, &MainWindow::PushButton1_Action);
     connect(Canvas1, &ThumbnailCanvas::pressed, this, &MainWindow::Canvas1_MouseDown);
-    connect(Canvas1, &ThumbnailCanvas::wheelLines, this, &MainWindow::Canvas1_MouseWheel);
+    // After the press handler above, so that a click has selected when the input hears it.
+    pInput = std::make_unique<GridInput>(
+        GridInput::Window{*this, *Canvas1, *ScrollBarV, pScan, pSelection});
 }
 
 // The thumbnail pane: the canvas with its scroll bar, the progress strip below both.
@@ -92,6 +96,7 @@ QWidget* MainWindow::MakePane(QWidget* parent) {
     grid->setSpacing(0);
     Canvas1 = new ThumbnailCanvas(pane);
     Canvas1->SetItems(&pScan.Items(), &pScan.Layout());
+    Canvas1->SetSelection(&pSelection);
     Canvas1->installEventFilter(this);
     pToolTip = std::make_unique<RestingToolTip>(*Canvas1, pScan.Items());
     ScrollBarV = new QScrollBar(Qt::Vertical, pane);
@@ -250,10 +255,6 @@ void MainWindow::ResizeTBC() {
 
 void MainWindow::ScrollBarV_ValueChanged(int value) {
     Canvas1->SetScrollY(value);
-}
-
-void MainWindow::Canvas1_MouseWheel(int lines) {
-    if (ScrollBarV->isEnabled()) ScrollBarV->setValue(ScrollBarV->value() + lines * kLineStep);
 }
 
 // ---- selection and pointer -------------------------------------------------------------

@@ -24,6 +24,7 @@ class QSplitter;
 
 namespace lumivex {
 
+class GridInput;
 class MainToolBar;
 class SidebarView;
 class ThumbnailCommands;
@@ -128,7 +129,6 @@ class MainWindow : public QMainWindow {
     void SelFolder1post();
     void Timer2_Action();
     void ScrollBarV_ValueChanged(int value);
-    void Canvas1_MouseWheel(int lines);
     void Canvas1_MouseDown(int x, int y, Qt::MouseButton button, Qt::KeyboardModifiers mods);
     void OutlineDidSelRow(int row, const QString& path);
     void InitCommands();
@@ -156,6 +156,7 @@ class MainWindow : public QMainWindow {
     std::unique_ptr<WindowMenuCommands> pMenuCmds;  // outlived by the frame's minimise mark
     std::unique_ptr<WindowFrame> pFrame;
     std::unique_ptr<RestingToolTip> pToolTip;
+    std::unique_ptr<GridInput> pInput;  // keys, wheel and touchpad of the pane
 
     bool pActive = false;
     bool pClosed = false;

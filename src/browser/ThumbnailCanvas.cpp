@@ -1,13 +1,17 @@
 #include "browser/ThumbnailCanvas.h"
 
+#include <QContextMenuEvent>
 #include <QFontMetricsF>
 #include <QImage>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QWheelEvent>
 #include <algorithm>
 #include <string>
+
+#include "browser/GridAccessible.h"
 
 namespace lumivex {
 namespace {
@@ -18,6 +22,30 @@ constexpr int kCutCover = 14;      // the end of a cut label hidden under the ba
 constexpr int kEllipsisLeft = 12;  // "..." starts this far left of the cell's right edge
 constexpr int kStripExtra = 5;     // the cut label's strip is the font size plus this high
 constexpr int kNotchDelta = 120;   // angle delta of one wheel notch
+constexpr int kFocusOut = 3;       // the focus frame's distance from the picture
+
+// The keys the grid acts on; the others go on to the window.
+bool IsGridKey(const QKeyEvent& event) {
+    if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
+        return false;
+    switch (event.key()) {
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+        case Qt::Key_Home:
+        case Qt::Key_End:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return true;
+        case Qt::Key_F10:
+            return event.modifiers().testFlag(Qt::ShiftModifier);
+        default:
+            return false;
+    }
+}
 
 QColor ColorOf(int rgb) {
     return QColor::fromRgb(static_cast<QRgb>(rgb & 0xFFFFFF));
@@ -39,6 +67,10 @@ ThumbnailCanvas::ThumbnailCanvas(QWidget* parent) : QWidget(parent) {
     setMouseTracking(true);
     // Paint covers every pixel of the area it is given.
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
+    // Before the name: naming already asks for the interface, which is then kept.
+    GridAccessible::Install();
+    setAccessibleName(QStringLiteral("サムネイル一覧"));
 }
 
 void ThumbnailCanvas::SetItems(const std::vector<ItemRecord>* items, const GridLayout* layout) {
@@ -46,6 +78,22 @@ void ThumbnailCanvas::SetItems(const std::vector<ItemRecord>* items, const GridL
     layout_ = layout;
     font_.setPixelSize(FontSize());
     update();
+}
+
+void ThumbnailCanvas::SetSelection(const ItemSelection* selection) {
+    selected_ = selection;
+    update();
+}
+
+const std::vector<ItemRecord>& ThumbnailCanvas::Items() const {
+    static const std::vector<ItemRecord> none;
+    return items_ != nullptr ? *items_ : none;
+}
+
+int ThumbnailCanvas::Current() const {
+    const int count = static_cast<int>(Items().size());
+    if (count == 0) return -1;
+    return selected_ != nullptr ? std::clamp(selected_->pCidx, 0, count - 1) : 0;
 }
 
 void ThumbnailCanvas::SetColors(int background, int selection) {
@@ -84,6 +132,7 @@ void ThumbnailCanvas::paintEvent(QPaintEvent* event) {
         DrawCanvasDoc(p, (*items_)[i]);
     // Selection frames lie over every thumbnail and label.
     DrawSelectItem(p, first, last);
+    if (hasFocus()) DrawFocusFrame(p);
 }
 
 std::pair<std::size_t, std::size_t> ThumbnailCanvas::VisibleRange(int top, int bottom) const {
@@ -152,6 +201,19 @@ void ThumbnailCanvas::DrawSelectItem(QPainter& p, std::size_t first, std::size_t
     }
 }
 
+void ThumbnailCanvas::DrawFocusFrame(QPainter& p) {
+    const int i = Current();
+    if (i < 0) return;
+    const ItemRecord& item = (*items_)[static_cast<std::size_t>(i)];
+    // Dark on a light ground, light on a dark one.
+    QPen pen(background_.lightness() < 128 ? Qt::white : Qt::black, 1, Qt::CustomDashLine);
+    pen.setDashPattern({2, 2});
+    p.setPen(pen);
+    p.setBrush(Qt::NoBrush);
+    p.drawRect(QRect(item.x - kFocusOut, item.y - kFocusOut, item.w + 2 * kFocusOut - 1,
+                     item.h + 2 * kFocusOut - 1));
+}
+
 void ThumbnailCanvas::mousePressEvent(QMouseEvent* event) {
     const QPoint at = event->position().toPoint();
     emit pressed(at.x(), at.y(), event->button(), event->modifiers());
@@ -163,12 +225,37 @@ void ThumbnailCanvas::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void ThumbnailCanvas::wheelEvent(QWheelEvent* event) {
+    event->accept();
+    if (const int pixels = event->pixelDelta().y(); pixels != 0) {
+        emit wheelPixels(-pixels);
+        return;
+    }
     // A turn away from the user (positive angle) scrolls up.
     wheelRest_ -= event->angleDelta().y();
     const int lines = wheelRest_ / kNotchDelta;
     wheelRest_ -= lines * kNotchDelta;
     if (lines != 0) emit wheelLines(lines);
-    event->accept();
+}
+
+void ThumbnailCanvas::keyPressEvent(QKeyEvent* event) {
+    if (!IsGridKey(*event)) return QWidget::keyPressEvent(event);
+    emit keyPressed(event->key(), event->modifiers());
+}
+
+// The platform turns the Menu key into this event (a right click comes as a press).
+void ThumbnailCanvas::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() != QContextMenuEvent::Keyboard) return event->ignore();
+    emit menuKeyPressed();
+}
+
+void ThumbnailCanvas::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    update();
+}
+
+void ThumbnailCanvas::focusOutEvent(QFocusEvent* event) {
+    QWidget::focusOutEvent(event);
+    update();
 }
 
 }  // namespace lumivex

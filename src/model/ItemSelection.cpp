@@ -1,5 +1,7 @@
 #include "model/ItemSelection.h"
 
+#include <algorithm>
+
 namespace lumivex {
 namespace {
 
@@ -39,6 +41,7 @@ int ItemSelection::ItemNoGet(std::vector<ItemRecord>& items, int px, int py, boo
             pCidx = static_cast<int>(i);
             item.selected = true;
             hit = true;
+            anchor_ = pCidx;
         }
     }
     pCidxFlg = FlagOf(CountSelected(items));
@@ -57,6 +60,7 @@ void ItemSelection::ItemUnselect(std::vector<ItemRecord>& items) {
         item.selected = false;
     pCidx = 0;
     pCidxFlg = 0;
+    anchor_ = 0;
 }
 
 void ItemSelection::SelectAll(std::vector<ItemRecord>& items) {
@@ -64,6 +68,23 @@ void ItemSelection::SelectAll(std::vector<ItemRecord>& items) {
     for (ItemRecord& item : items)
         item.selected = true;
     pCidxFlg = 2;
+}
+
+int ItemSelection::KeyMoveTo(std::vector<ItemRecord>& items, int index, bool shift) {
+    const int last = static_cast<int>(items.size()) - 1;
+    if (index < 0 || index > last) return pCidxFlg;
+    if (!shift) {
+        for (ItemRecord& item : items)
+            item.selected = false;
+        anchor_ = index;
+    }
+    // The anchor may name an item of a longer list that is gone.
+    const int from = std::min(anchor_, last);
+    for (int i = std::min(from, index); i <= std::max(from, index); ++i)
+        items[static_cast<std::size_t>(i)].selected = true;
+    pCidx = index;
+    pCidxFlg = FlagOf(CountSelected(items));
+    return pCidxFlg;
 }
 
 }  // namespace lumivex

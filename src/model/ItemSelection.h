@@ -22,9 +22,18 @@ class ItemSelection {
     void ItemUnselect(std::vector<ItemRecord>& items);
     // Everything selected; pCidxFlg = 2; pCidx untouched.
     void SelectAll(std::vector<ItemRecord>& items);
+    // A key made item `index` current: without shift it alone is selected, as by a click on
+    // it; with shift the items from the anchor to it are added, none removed. Returns and
+    // stores pCidxFlg.
+    int KeyMoveTo(std::vector<ItemRecord>& items, int index, bool shift);
 
     int pCidxFlg = 0;
     int pCidx = 0;
+
+  private:
+    // Where a range added with shift and a key starts: the item last clicked, or reached by a
+    // key without shift.
+    int anchor_ = 0;
 };
 
 }  // namespace lumivex

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>
@@ -15,6 +16,7 @@
 #include <QSignalSpy>
 #include <QSplitter>
 #include <QTest>
+#include <QWheelEvent>
 #include <filesystem>
 #include <fstream>
 
@@ -383,6 +385,59 @@ TEST_F(MainWindowTest, ExportAllEndsWithoutAScansEndAndACardWaitsForIt) {
     ASSERT_TRUE(scans.wait(10000));  // then the card is read
     ASSERT_EQ(w_->Items().size(), 1u);
     EXPECT_EQ(w_->Items()[0].fname, "DSC_0000.JPG");
+}
+
+TEST_F(MainWindowTest, KeysSelectOpenTheDialogAndTheMenuAndATouchpadScrollsByPixels) {
+    Start();
+    CanvasWidth(320);
+    ASSERT_TRUE(Scan(Folder(root_ / "keys", Numbered(30))));  // three a row, rows 95 apart
+    ThumbnailCanvas* c = w_->Canvas();
+    const auto& items = w_->Items();
+    w_->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(w_));
+    c->setFocus();
+    QTest::keyClick(c, Qt::Key_Right);  // nothing selected: the current item first
+    QTest::keyClick(c, Qt::Key_Right);
+    EXPECT_EQ(std::tie(w_->Selection().pCidx, w_->Selection().pCidxFlg), std::make_tuple(1, 1));
+    EXPECT_TRUE(w_->Commands().Enabled(CommandState::kExifInfo));
+    // Assistive technology finds the current item, which wears the dotted frame.
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(c);
+    ASSERT_NE(list->child(1), nullptr);
+    EXPECT_EQ(list->focusChild(), list->child(1));
+    EXPECT_TRUE(list->child(1)->state().focused);
+    const QImage shot = c->grab().toImage();
+    EXPECT_EQ(shot.pixel(107, 2) & 0xFFFFFF, 0u);                          // item 1 at x 110, y 5
+    EXPECT_EQ(shot.pixel(2, 2) & 0xFFFFFF, shot.pixel(2, 90) & 0xFFFFFF);  // item 0: none
+    QTest::keyClick(c, Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(ItemSelection::CountSelected(items), 4);
+    QTest::keyClick(c, Qt::Key_Return);  // several: no information window
+    EXPECT_EQ(w_->findChild<ExifInfoGPS*>(), nullptr);
+    QTest::keyClick(c, Qt::Key_Left);
+    QTest::keyClick(c, Qt::Key_Enter);
+    auto* info = w_->findChild<ExifInfoGPS*>();
+    ASSERT_NE(info, nullptr);
+    EXPECT_EQ(info->FileNameLabel()->text(), "IMG_10003.JPG");
+    info->close();
+
+    QTest::keyClick(c, Qt::Key_End);  // the last row comes into sight
+    EXPECT_EQ(w_->ScrollBar()->value(), w_->ScrollBar()->maximum());
+    EXPECT_GT(w_->ScrollBar()->value(), 0);
+    QTest::keyClick(c, Qt::Key_Home);
+    EXPECT_EQ(w_->ScrollBar()->value(), 0);
+    QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(0, 0), c->mapToGlobal(QPoint()));
+    QCoreApplication::sendEvent(c, &menuKey);
+    QMenu* menu = w_->findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->actions().size(), 10);
+    EXPECT_EQ(menu->pos(), c->mapToGlobal(QPoint(55, 42)));  // at the middle of item 0
+    menu->close();
+
+    for (const QPoint& pixels : {QPoint(0, -37), QPoint(0, 0)}) {
+        QWheelEvent e(QPointF(10, 10), QPointF(10, 10), pixels, QPoint(0, -120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(c, &e);
+    }
+    EXPECT_EQ(w_->ScrollBar()->value(), 37 + MainWindow::kLineStep);  // a notch without pixels
 }
 
 }  // namespace

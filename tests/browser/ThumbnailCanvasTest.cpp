@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QImage>
 #include <QSignalSpy>
 #include <QWheelEvent>
@@ -102,6 +103,34 @@ TEST_F(CanvasTest, WheelNotchesBecomeLines) {
     ASSERT_EQ(lines.count(), 3);  // two half notches make one line
     EXPECT_EQ(lines[0][0].toInt() * 100 + lines[1][0].toInt() * 10 + lines[2][0].toInt(),
               100 - 20 + 1);
+}
+
+TEST_F(CanvasTest, AssistiveTechnologySeesAListOfNamedItems) {
+    items_ = {Item("A.JPG"), Item("B.JPG"), Item("C.JPG")};
+    items_[1].selected = true;
+    canvas_.move(30, 40);  // item rectangles are on the screen, not in the pane
+    Render(320, 200, 0);
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&canvas_);
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->role(), QAccessible::List);
+    EXPECT_EQ(list->text(QAccessible::Name), QStringLiteral("サムネイル一覧"));
+    ASSERT_EQ(list->childCount(), 3);
+    for (int i = 0; i < 3; ++i) {
+        const ItemRecord& item = items_[static_cast<std::size_t>(i)];
+        QAccessibleInterface* child = list->child(i);
+        ASSERT_NE(child, nullptr);
+        EXPECT_EQ(child->text(QAccessible::Name).toStdString(), item.fname);
+        EXPECT_EQ(child->role(), QAccessible::ListItem);
+        EXPECT_EQ(list->indexOfChild(child), i);
+        EXPECT_EQ(child->state().selected, i == 1) << i;
+        EXPECT_EQ(child->rect(),
+                  QRect(canvas_.mapToGlobal(QPoint(item.x, item.y)), QSize(100, 75)));
+        EXPECT_EQ(list->childAt(child->rect().center().x(), child->rect().center().y()), child);
+    }
+    QAccessibleInterface* last = list->child(2);
+    items_.pop_back();  // a shorter list: the item that went is no longer valid
+    EXPECT_EQ(list->childCount(), 2);
+    EXPECT_FALSE(last->isValid());
 }
 
 }  // namespace
