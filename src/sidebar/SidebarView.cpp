@@ -13,11 +13,12 @@
 
 namespace lumivex {
 
-SidebarView::SidebarView(const Settings& prefs, QWidget* parent)
+SidebarView::SidebarView(const Settings& prefs, QWidget* parent,
+                         std::shared_ptr<const FolderLister> lister)
     : QTreeView(parent),
       pPrefs(prefs),
       pTree(std::make_unique<FolderTree>()),
-      pModel(new SidebarModel(*pTree, this)),
+      pModel(new SidebarModel(*pTree, this, std::move(lister))),
       pDelegate(new SidebarDelegate(this)) {
     setHeaderHidden(true);
     setUniformRowHeights(true);
@@ -39,10 +40,14 @@ SidebarView::SidebarView(const Settings& prefs, QWidget* parent)
             [this](const QModelIndex& i) { MarkExpand(i, true); });
     connect(this, &QTreeView::collapsed, this,
             [this](const QModelIndex& i) { MarkExpand(i, false); });
+    connect(pModel, &SidebarModel::cameraFound, this, &SidebarView::OpenCamera);
     MakeTable();
 }
 
-SidebarView::~SidebarView() = default;
+// The workers' answers stop before the tree they name goes.
+SidebarView::~SidebarView() {
+    pModel->Close();
+}
 
 void SidebarView::MakeTable() {
     FolderTreeOptions options = FolderTreeOptions::FromSettings(pPrefs);
@@ -135,6 +140,7 @@ void SidebarView::getPost(VolumeEvent event, const std::string& path) {
                                RowOfIndex(pModel->index(i, 0)));
         std::unique_ptr<RowRecord> removed;
         pModel->Rebuild([&] { removed = pTree->RemoveRowOfPath(path, index); });
+        pModel->DropVolume(path);
         mode = removed ? 2 : 0;
         if (selectedRow < 0) emit selectionDidChange(-1, QString());
     }
@@ -170,28 +176,19 @@ bool SidebarView::AutoSelect2(std::string_view name) {
 }
 
 void SidebarView::AutoSelect() {
-    const auto found = CameraSearch::Find(pTree->DataArray());
-    if (!found) return;
-    gFI = found->volume;
-    const QModelIndex volume = ChildOfPath({}, found->volume);
+    pTree->AskCamera();
+    pModel->Pump();
+}
+
+void SidebarView::OpenCamera(const QModelIndex& volume, const QModelIndex& dcim,
+                             const QModelIndex& folder) {
+    gFI = SidebarModel::RowOf(volume)->path;
     expand(volume);
-    const QModelIndex dcim = ChildOfPath(volume, found->dcim);
     expand(dcim);
-    const QModelIndex folder = ChildOfPath(dcim, found->folder);
-    if (!folder.isValid()) return;
     pAutoSelecting = true;
     selectionModel()->setCurrentIndex(folder, QItemSelectionModel::ClearAndSelect);
     pAutoSelecting = false;
     scrollTo(folder);
-}
-
-QModelIndex SidebarView::ChildOfPath(const QModelIndex& parent, const std::string& path) const {
-    if (parent.isValid() && pModel->canFetchMore(parent)) pModel->fetchMore(parent);
-    for (int r = 0; r < pModel->rowCount(parent); ++r) {
-        const QModelIndex child = pModel->index(r, 0, parent);
-        if (SidebarModel::RowOf(child)->path == path) return child;
-    }
-    return {};
 }
 
 // ---- open rows and the selection across a reload --------------------------------------

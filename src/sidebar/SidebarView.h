@@ -1,6 +1,8 @@
 #pragma once
 // The sidebar: a tree of row records (the "デスクトップ" group row, the volumes, the Desktop's
 // folders) shown in a tree view with 19-pixel rows. Children load when a row is first opened.
+// The rows show at once; their folders are read on workers, and a row takes its colour and
+// its disclosure when the answer comes, so a card that stops answering never holds the window.
 // The window hears of a changed selection through selectionDidChange. Told of volumes that
 // come and go (getPost), the view keeps itself true and finds camera media on its own.
 #include <QTreeView>
@@ -11,6 +13,7 @@
 namespace lumivex {
 
 class Settings;
+class FolderLister;
 class FolderTree;
 struct RowRecord;
 class SidebarModel;
@@ -23,7 +26,9 @@ class SidebarView : public QTreeView {
   public:
     // Reads the display settings from `prefs` (which outlives the view) whenever the tree is
     // built, and builds it once.
-    explicit SidebarView(const Settings& prefs, QWidget* parent = nullptr);
+    // `lister` reads the disk; by default the real one.
+    explicit SidebarView(const Settings& prefs, QWidget* parent = nullptr,
+                         std::shared_ptr<const FolderLister> lister = {});
     ~SidebarView() override;
 
     // Builds the whole tree anew: every row closed, every loaded child list gone.
@@ -44,8 +49,8 @@ class SidebarView : public QTreeView {
     // Follows the volumes that `watcher` reports, through getPost.
     void ListenTo(const VolumeWatcher& watcher);
 
-    // Finds the first volume with a "DCIM" folder holding a numbered folder, opens the way to
-    // it and selects it. Nothing changes when there is none.
+    // Looks for the first volume with a "DCIM" folder holding a numbered folder; when the
+    // answers come, opens the way to it and selects it. Nothing changes when there is none.
     void AutoSelect();
     static bool AutoSelect2(std::string_view name);
     // True while AutoSelect's own selection is being reported.
@@ -92,8 +97,7 @@ class SidebarView : public QTreeView {
     void OnSelectionChanged();
     void MarkExpand(const QModelIndex& index, bool open);
     void RecordSelection();
-    // The child of `parent` whose row carries `path`; invalid when there is none.
-    QModelIndex ChildOfPath(const QModelIndex& parent, const std::string& path) const;
+    void OpenCamera(const QModelIndex& volume, const QModelIndex& dcim, const QModelIndex& folder);
     // The display index of the top-level row `index` (the end of the rows past the last).
     int DisplayRowOfTop(int index) const;
     // Selects `row`; when it is the folder that was selected before the reload, quietly.
