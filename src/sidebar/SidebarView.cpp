@@ -1,12 +1,17 @@
 #include "sidebar/SidebarView.h"
 
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <algorithm>
 
+#include "browser/MenuOfTexts.h"
 #include "core/Settings.h"
 #include "model/CameraSearch.h"
 #include "model/FolderTree.h"
+#include "model/SidebarMenu.h"
+#include "platform/Volumes.h"
 #include "sidebar/SidebarDelegate.h"
 #include "sidebar/SidebarModel.h"
 #include "sidebar/VolumeWatcher.h"
@@ -282,6 +287,27 @@ void SidebarView::mousePressEvent(QMouseEvent* event) {
         return;
     }
     QTreeView::mousePressEvent(event);
+}
+
+// ---- contextual menu -------------------------------------------------------------------
+
+QMenu* SidebarView::RowMenu(const QModelIndex& index, QWidget* parent) {
+    const RowRecord* row = SidebarModel::RowOf(index);
+    if (row == nullptr) return nullptr;
+    QMenu* menu = MenuOfTexts(SidebarMenu::Items(*row, Volumes::CurrentUser()), parent);
+    if (menu == nullptr) return nullptr;
+    const QString path = QString::fromStdString(row->path);
+    connect(menu, &QMenu::triggered, this, [this, path](QAction* a) {
+        if (a->text().toStdString() == SidebarMenu::kEject) emit ejectRequested(path);
+    });
+    return menu;
+}
+
+void SidebarView::contextMenuEvent(QContextMenuEvent* event) {
+    QMenu* menu = RowMenu(indexAt(event->pos()), this);
+    if (menu == nullptr) return;
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(event->globalPos());
 }
 
 }  // namespace lumivex

@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+class QMenu;
+
 namespace lumivex {
 
 class Settings;
@@ -85,13 +87,20 @@ class SidebarView : public QTreeView {
     // The index shown at display index `row`; invalid when there is none.
     QModelIndex IndexOfRow(int row) const;
 
+    // The contextual menu of the row at `index`, or nullptr when the row has none. A removable
+    // volume offers "取り出す", which asks for the eject through ejectRequested.
+    QMenu* RowMenu(const QModelIndex& index, QWidget* parent);
+
   signals:
+    // The user asked to eject the volume mounted at `mountPoint`.
+    void ejectRequested(const QString& mountPoint);
     // A row was selected (row >= 0, with its path) or the selection ended in nothing (-1, "").
     void selectionDidChange(int row, const QString& path);
 
   protected:
     // A click below the rows deselects; the group row takes no click.
     void mousePressEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
     void OnSelectionChanged();
