@@ -22,12 +22,13 @@ std::optional<FolderAnswer> CameraSearch::Take(const FolderAnswer& answer) {
     return Decide();
 }
 
-void CameraSearch::Drop(const std::string& volume) {
+std::optional<FolderAnswer> CameraSearch::Drop(const std::string& volume) {
     for (std::size_t i = 0; i < volumes_.size(); ++i) {
         if (volumes_[i] != volume || answers_[i]) continue;
         answers_[i] = FolderAnswer{};
         answers_[i]->path = volume;
     }
+    return Decide();
 }
 
 std::optional<FolderAnswer> CameraSearch::Decide() {

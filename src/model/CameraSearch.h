@@ -23,8 +23,9 @@ class CameraSearch {
     // Takes one volume's answer. The winner comes back once every volume before it has
     // answered without camera media: a volume found early waits for those above it.
     std::optional<FolderAnswer> Take(const FolderAnswer& answer);
-    // A volume that went away counts as one without camera media.
-    void Drop(const std::string& volume);
+    // A volume that went away counts as one without camera media; a find below it that was
+    // waiting for it wins now.
+    std::optional<FolderAnswer> Drop(const std::string& volume);
 
   private:
     std::optional<FolderAnswer> Decide();

@@ -48,6 +48,7 @@ void FolderTree::Clear() {
     live_.clear();
     outbox_.clear();
     camera_.Begin(0, {});
+    cameraWon_.reset();
     ++round_;
 }
 
@@ -201,7 +202,7 @@ std::unique_ptr<RowRecord> FolderTree::RemoveRowOfPath(const std::string& path, 
     std::unique_ptr<RowRecord> row = std::move(dataArray_[static_cast<std::size_t>(index)]);
     dataArray_.erase(dataArray_.begin() + index);
     Forget(*row);
-    camera_.Drop(path);
+    cameraWon_ = camera_.Drop(path);
     return row;
 }
 

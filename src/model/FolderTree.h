@@ -75,6 +75,8 @@ class FolderTree {
     // Takes an answer in. One for a row that has gone, or from before a rebuild, changes
     // nothing. A camera search's winning answer loads its rows and returns them.
     std::optional<CameraRows> Apply(const FolderAnswer& answer, Edits& edits);
+    // The camera find that waited for a volume that has since been removed; its rows loaded.
+    std::optional<CameraRows> TakeCameraWin(Edits& edits);
     // Answers every question now through `lister`, until none is left; the last camera find.
     std::optional<CameraRows> Settle(const FolderLister& lister = FolderLister());
     // The row with `serial`, while it is in the tree.
@@ -118,7 +120,7 @@ class FolderTree {
     std::string LaneOf(const RowRecord& row) const;
     void AdoptChildren(RowRecord& row, const std::vector<ShownFolder>& folders, Edits& edits);
     void ApplyMarks(const FolderAnswer& answer, Edits& edits);
-    std::optional<CameraRows> ApplyCamera(const FolderAnswer& answer, Edits& edits);
+    std::optional<CameraRows> OpenCamera(const FolderAnswer& won, Edits& edits);
     RowRecord* ChildOfPath(RowRecord& row, const std::string& path) const;
     void Forget(const RowRecord& row);
     void Clear();
@@ -130,6 +132,7 @@ class FolderTree {
     std::uint64_t round_ = 1;
     std::vector<FolderQuestion> outbox_;
     CameraSearch camera_;
+    std::optional<FolderAnswer> cameraWon_;  // decided by a removal, not yet opened
 };
 
 }  // namespace lumivex

@@ -70,7 +70,8 @@ std::optional<FolderTree::CameraRows> FolderTree::Apply(const FolderAnswer& answ
                 AdoptChildren(*row, answer.folders, edits);
             break;
         case FolderQuestion::Kind::Camera:
-            return ApplyCamera(answer, edits);
+            if (const auto won = camera_.Take(answer)) return OpenCamera(*won, edits);
+            break;
     }
     return std::nullopt;
 }
@@ -108,15 +109,13 @@ RowRecord* FolderTree::ChildOfPath(RowRecord& row, const std::string& path) cons
 
 // The volume and its "DCIM" surely open: the rows the search read are loaded into them
 // (unless the user opened them first) and the way to the folder is marked open.
-std::optional<FolderTree::CameraRows> FolderTree::ApplyCamera(const FolderAnswer& answer,
-                                                              Edits& edits) {
-    const std::optional<FolderAnswer> won = camera_.Take(answer);
-    if (!won) return std::nullopt;
-    const int top = TopIndexOfPath(won->path);
+std::optional<FolderTree::CameraRows> FolderTree::OpenCamera(const FolderAnswer& won,
+                                                             Edits& edits) {
+    const int top = TopIndexOfPath(won.path);
     if (top < 0) return std::nullopt;
     RowRecord* rows[3] = {dataArray_[static_cast<std::size_t>(top)].get(), nullptr, nullptr};
-    const std::vector<ShownFolder>* listings[2] = {&won->folders, &won->dcimRows};
-    const std::string* paths[2] = {&won->dcim, &won->folder};
+    const std::vector<ShownFolder>* listings[2] = {&won.folders, &won.dcimRows};
+    const std::string* paths[2] = {&won.dcim, &won.folder};
     for (int i = 0; i < 2; ++i) {
         RowRecord& open = *rows[i];
         if (open.isLeaf != "false") {
@@ -128,6 +127,12 @@ std::optional<FolderTree::CameraRows> FolderTree::ApplyCamera(const FolderAnswer
         if (rows[i + 1] == nullptr) return std::nullopt;
     }
     return CameraRows{rows[0], rows[1], rows[2]};
+}
+
+std::optional<FolderTree::CameraRows> FolderTree::TakeCameraWin(Edits& edits) {
+    std::optional<FolderAnswer> won;
+    won.swap(cameraWon_);
+    return won ? OpenCamera(*won, edits) : std::nullopt;
 }
 
 std::optional<FolderTree::CameraRows> FolderTree::Settle(const FolderLister& lister) {

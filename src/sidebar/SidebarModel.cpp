@@ -51,6 +51,16 @@ void SidebarModel::DropVolume(const std::string& path) {
 void SidebarModel::OnAnswer(const FolderAnswer& answer) {
     const auto found = tree_.Apply(answer, *this);
     Pump();
+    Announce(found);
+}
+
+void SidebarModel::OpenWaitingCamera() {
+    const auto found = tree_.TakeCameraWin(*this);
+    Pump();
+    Announce(found);
+}
+
+void SidebarModel::Announce(const std::optional<FolderTree::CameraRows>& found) {
     if (found)
         emit cameraFound(IndexOf(found->volume), IndexOf(found->dcim), IndexOf(found->folder));
 }

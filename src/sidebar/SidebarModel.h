@@ -43,6 +43,8 @@ class SidebarModel : public QAbstractItemModel, private FolderTree::Edits {
     void Pump();
     // Forgets the questions still waiting about a volume that went.
     void DropVolume(const std::string& path);
+    // A camera find that only waited for a volume now gone is announced (cameraFound).
+    void OpenWaitingCamera();
     // No answer arrives after this (the window is closing); a stuck worker is left behind.
     void Close();
     // The row behind an index; nullptr for the invisible root.
@@ -65,6 +67,7 @@ class SidebarModel : public QAbstractItemModel, private FolderTree::Edits {
 
   private:
     void OnAnswer(const FolderAnswer& answer);
+    void Announce(const std::optional<FolderTree::CameraRows>& found);
     void WillAddChildren(RowRecord& parent, int count) override;
     void DidAddChildren(RowRecord& parent) override;
     void Marked(RowRecord& row) override;

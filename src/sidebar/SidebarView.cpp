@@ -153,6 +153,7 @@ void SidebarView::getPost(VolumeEvent event, const std::string& path) {
     pSelectedPath.clear();
     verticalScrollBar()->setValue(scrolled);
     if (mode == 1) AutoSelect();
+    if (mode == 2) pModel->OpenWaitingCamera();
 }
 
 void SidebarView::ListenTo(const VolumeWatcher& watcher) {

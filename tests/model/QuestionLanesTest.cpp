@@ -157,18 +157,22 @@ TEST(CameraSearchTest, TheFirstVolumeInListOrderWinsWhateverOrderTheAnswersComeI
     const struct {
         const char* name;
         std::vector<FolderAnswer> answers;
-        std::vector<std::string> dropped;
+        std::vector<std::string> dropped, droppedAfter;
         const char* winner;  // after the last answer; "" for none
     } cases[] = {
-        {"in order", {answer(7, "/a", ""), answer(7, "/b", "/b/DCIM/100")}, {}, "/b"},
+        // clang-format off
+        {"in order", {answer(7, "/a", ""), answer(7, "/b", "/b/DCIM/100")}, {}, {}, "/b"},
         {"card first, then a plain volume above",
-         {answer(7, "/b", "/b/DCIM/100"), answer(7, "/a", "")},
-         {},
-         "/b"},
-        {"card below a volume that never answers", {answer(7, "/b", "/b/DCIM/100")}, {}, ""},
-        {"the volume above went away", {answer(7, "/b", "/b/DCIM/100")}, {"/a"}, "/b"},
-        {"two cards", {answer(7, "/b", "/b/DCIM/100"), answer(7, "/a", "/a/DCIM/101")}, {}, "/a"},
-        {"an old search's answer", {answer(6, "/a", "/a/DCIM/100"), answer(7, "/b", "")}, {}, ""},
+         {answer(7, "/b", "/b/DCIM/100"), answer(7, "/a", "")}, {}, {}, "/b"},
+        {"card below a volume that never answers", {answer(7, "/b", "/b/DCIM/100")}, {}, {}, ""},
+        {"the volume above went away", {answer(7, "/b", "/b/DCIM/100")}, {"/a"}, {}, "/b"},
+        {"the volume above went away after the card answered",
+         {answer(7, "/b", "/b/DCIM/100")}, {}, {"/a"}, "/b"},
+        {"two cards", {answer(7, "/b", "/b/DCIM/100"), answer(7, "/a", "/a/DCIM/101")}, {}, {},
+         "/a"},
+        {"an old search's answer", {answer(6, "/a", "/a/DCIM/100"), answer(7, "/b", "")}, {}, {},
+         ""},
+        // clang-format on
     };
     for (const auto& c : cases) {
         CameraSearch search;
@@ -178,6 +182,8 @@ TEST(CameraSearchTest, TheFirstVolumeInListOrderWinsWhateverOrderTheAnswersComeI
         std::optional<FolderAnswer> won;
         for (const FolderAnswer& a : c.answers)
             if (auto w = search.Take(a)) won = w;
+        for (const std::string& v : c.droppedAfter)
+            if (auto w = search.Drop(v)) won = w;
         EXPECT_EQ(won ? won->path : "", c.winner) << c.name;
     }
 }
