@@ -81,6 +81,9 @@ class FolderTree {
     std::optional<CameraRows> Settle(const FolderLister& lister = FolderLister());
     // The row with `serial`, while it is in the tree.
     RowRecord* Find(std::uint64_t serial) const;
+    // The lane of the questions about `row`: its volume's while the volume is listed (a card
+    // mounted again at the same place gets a new one); the Desktop's rows share one.
+    static std::string LaneOf(const RowRecord& row);
     // The tree's build: questions of an earlier one need no answer.
     std::uint64_t Round() const { return round_; }
 
@@ -116,8 +119,7 @@ class FolderTree {
   private:
     std::string DisplayName(std::string_view vofo, const std::string& path) const;
     void Ask(FolderQuestion::Kind kind, const RowRecord& row);
-    // The questions about rows below a volume go to that volume's lane; the rest share one.
-    std::string LaneOf(const RowRecord& row) const;
+
     void AdoptChildren(RowRecord& row, const std::vector<ShownFolder>& folders, Edits& edits);
     void ApplyMarks(const FolderAnswer& answer, Edits& edits);
     std::optional<CameraRows> OpenCamera(const FolderAnswer& won, Edits& edits);

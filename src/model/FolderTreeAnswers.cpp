@@ -15,11 +15,13 @@ void FolderTree::Ask(FolderQuestion::Kind kind, const RowRecord& row) {
     outbox_.push_back(std::move(q));
 }
 
-std::string FolderTree::LaneOf(const RowRecord& row) const {
+std::string FolderTree::LaneOf(const RowRecord& row) {
     const RowRecord* top = &row;
     while (top->parent != nullptr)
         top = top->parent;
-    return top->vofo == "volume" ? top->path : std::string();
+    if (top->vofo != "volume") return std::string();
+    // A worker stuck in a pulled card must not hold up the card put back in.
+    return top->path + '\n' + std::to_string(top->serial);
 }
 
 void FolderTree::AskChildren(RowRecord& item) {

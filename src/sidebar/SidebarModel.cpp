@@ -44,8 +44,8 @@ void SidebarModel::Pump() {
     lanes_->Ask(tree_.TakeQuestions());
 }
 
-void SidebarModel::DropVolume(const std::string& path) {
-    lanes_->DropLane(path);
+void SidebarModel::DropVolume(const RowRecord& volume) {
+    lanes_->DropLane(FolderTree::LaneOf(volume));
 }
 
 void SidebarModel::OnAnswer(const FolderAnswer& answer) {

@@ -41,8 +41,8 @@ class SidebarModel : public QAbstractItemModel, private FolderTree::Edits {
     void Rebuild(const std::function<void()>& edit);
     // Sends the tree's new questions to the workers.
     void Pump();
-    // Forgets the questions still waiting about a volume that went.
-    void DropVolume(const std::string& path);
+    // Forgets the questions still waiting about a volume row that went.
+    void DropVolume(const RowRecord& volume);
     // A camera find that only waited for a volume now gone is announced (cameraFound).
     void OpenWaitingCamera();
     // No answer arrives after this (the window is closing); a stuck worker is left behind.

@@ -145,7 +145,7 @@ void SidebarView::getPost(VolumeEvent event, const std::string& path) {
                                RowOfIndex(pModel->index(i, 0)));
         std::unique_ptr<RowRecord> removed;
         pModel->Rebuild([&] { removed = pTree->RemoveRowOfPath(path, index); });
-        pModel->DropVolume(path);
+        if (removed) pModel->DropVolume(*removed);
         mode = removed ? 2 : 0;
         if (selectedRow < 0) emit selectionDidChange(-1, QString());
     }

@@ -47,7 +47,9 @@ class ScratchTree : public fixtures::ScratchDir {
 // stopped answering, as long as the test wants.
 class GateLister : public FolderLister {
   public:
-    explicit GateLister(std::string stuck) : stuck_(std::move(stuck)) {}
+    // `once`: only the first read below `stuck` waits, as when a card is put in again.
+    explicit GateLister(std::string stuck, bool once = false)
+        : stuck_(std::move(stuck)), once_(once) {}
     std::vector<ShownFolder> Folders(const std::string& folder) const override {
         Gate(folder);
         return FolderLister::Folders(folder);
@@ -70,11 +72,15 @@ class GateLister : public FolderLister {
     void Gate(const std::string& path) const {
         if (!path.starts_with(stuck_)) return;
         std::unique_lock lock(m_);
+        if (once_ && taken_) return;
+        taken_ = true;
         ++waiting_;
         cv_.wait(lock, [&] { return open_; });
         --waiting_;
     }
     std::string stuck_;
+    bool once_;
+    mutable bool taken_ = false;
     mutable std::mutex m_;
     mutable std::condition_variable cv_;
     mutable int waiting_ = 0;

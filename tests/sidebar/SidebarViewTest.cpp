@@ -266,5 +266,21 @@ TEST_F(SidebarViewTest, ACardThatDoesNotAnswerHoldsNeitherTheWindowNorItsEnd) {
     QTest::qWait(20);
 }
 
+// The card is pulled while a worker is stuck in it and put back at the same place: the card
+// put back is read and opened while the old worker still waits.
+TEST_F(SidebarViewTest, ACardPutBackIsNotHeldUpByTheWorkerStuckInItBefore) {
+    auto gate = std::make_shared<test::GateLister>(card_.Str(), true);
+    MakeView(gate);
+    view_->getPost(Event::Mount, card_.Str());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return gate->Waiting(); }, 10000));
+    view_->getPost(Event::Unmount, card_.Str());
+    seen_.clear();
+    view_->getPost(Event::Mount, card_.Str());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !seen_.empty(); }, 10000));
+    EXPECT_EQ(Selected(), card_.Str("DCIM/100CANON"));
+    EXPECT_TRUE(gate->Waiting());
+    gate->Release();
+}
+
 }  // namespace
 }  // namespace lumivex
