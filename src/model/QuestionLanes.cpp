@@ -81,6 +81,7 @@ void QuestionLanes::Work(const std::shared_ptr<State>& state, std::string lane) 
 void QuestionLanes::Close(std::chrono::milliseconds limit) {
     {
         std::unique_lock lock(state_->m);
+        if (state_->closed) return;  // delivery already stopped; no second wait
         state_->closed = true;
         for (auto& [lane, queue] : state_->waiting)
             queue.clear();
