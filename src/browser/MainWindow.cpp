@@ -113,6 +113,8 @@ void MainWindow::WatchVolumes() {
     pVolumes = new VolumeWatcher([this] { return pOutline->Tree().Options().volumeMode; }, this);
     pOutline->ListenTo(*pVolumes);
     pEject = std::make_unique<CameraEject>(pPrompter, *pVolumes);
+    connect(pOutline, &SidebarView::ejectRequested, this,
+            [this](const QString& point) { pEject->EjectVolume(this, point.toStdString()); });
 }
 
 void MainWindow::InitCommands() {

@@ -1,7 +1,5 @@
 #include "model/CameraSearch.h"
 
-#include "model/FolderTree.h"
-
 namespace lumivex {
 
 bool CameraSearch::AutoSelect2(std::string_view name) {
@@ -11,34 +9,37 @@ bool CameraSearch::AutoSelect2(std::string_view name) {
     return true;
 }
 
-std::optional<CameraSearch::Found> CameraSearch::Find(const RowRecord::Rows& rows) {
-    for (std::size_t i = 1; i < rows.size(); ++i) {
-        if (rows[i]->vofo != "volume") continue;
-        if (auto found = FindOnVolume(rows[i]->path)) return found;
-    }
-    return std::nullopt;
+void CameraSearch::Begin(std::uint64_t id, std::vector<std::string> volumes) {
+    id_ = id;
+    volumes_ = std::move(volumes);
+    answers_.assign(volumes_.size(), std::nullopt);
 }
 
-std::optional<CameraSearch::Found> CameraSearch::FindOnVolume(const std::string& volume) {
-    if (volume.empty()) return std::nullopt;
-    // A card may hold more than one folder that reads "DCIM" (a link beside the real one):
-    // each is looked into in turn.
-    for (const auto& [name, dcim] : ShownFolders(volume)) {
-        if (name != "DCIM") continue;
-        for (const auto& [sub, folder] : ShownFolders(dcim))
-            if (AutoSelect2(sub)) return Found{volume, dcim, folder};
-    }
-    return std::nullopt;
+std::optional<FolderAnswer> CameraSearch::Take(const FolderAnswer& answer) {
+    if (answer.serial != id_) return std::nullopt;
+    for (std::size_t i = 0; i < volumes_.size(); ++i)
+        if (volumes_[i] == answer.path && !answers_[i]) answers_[i] = answer;
+    return Decide();
 }
 
-std::vector<std::pair<std::string, std::string>> CameraSearch::ShownFolders(
-    const std::filesystem::path& folder) {
-    std::vector<std::pair<std::string, std::string>> shown;
-    for (const std::string& name : FolderTree::SortFItem(folder)) {
-        std::string path;
-        if (FolderTree::ShownFolderPath(folder, name, path)) shown.emplace_back(name, path);
+std::optional<FolderAnswer> CameraSearch::Drop(const std::string& volume) {
+    for (std::size_t i = 0; i < volumes_.size(); ++i) {
+        if (volumes_[i] != volume || answers_[i]) continue;
+        answers_[i] = FolderAnswer{};
+        answers_[i]->path = volume;
     }
-    return shown;
+    return Decide();
+}
+
+std::optional<FolderAnswer> CameraSearch::Decide() {
+    for (const auto& a : answers_) {
+        if (!a) return std::nullopt;  // a volume above has not answered yet
+        if (a->folder.empty()) continue;
+        FolderAnswer won = *a;
+        Begin(0, {});  // one selection per search
+        return won;
+    }
+    return std::nullopt;
 }
 
 }  // namespace lumivex

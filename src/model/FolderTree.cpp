@@ -43,18 +43,27 @@ bool IsPackageName(std::string_view name) {
 
 FolderTree::FolderTree(FolderTreeOptions options) : options_(std::move(options)) {}
 
-void FolderTree::MakeTable() {
+void FolderTree::Clear() {
     dataArray_.clear();
+    live_.clear();
+    outbox_.clear();
+    camera_.Begin(0, {});
+    cameraWon_.reset();
+    ++round_;
+}
+
+void FolderTree::MakeTable() {
+    Clear();
     AddRowDictionary(dataArray_, "group", kGroupTitle, "", "", -1, false);
     MakeListVol();
     if (!options_.desktop.empty()) MakeList(dataArray_, options_.desktop);
 }
 
 void FolderTree::MakeTable(const std::vector<std::string>& volumes) {
-    dataArray_.clear();
+    Clear();
     AddRowDictionary(dataArray_, "group", kGroupTitle, "", "", -1, false);
     for (const std::string& p : volumes)
-        AddRowDictionary(dataArray_, "item", "volume", p, HasExifFile(p), -1, false);
+        AddRowDictionary(dataArray_, "item", "volume", p, "", -1, false);
     if (!options_.desktop.empty()) MakeList(dataArray_, options_.desktop);
 }
 
@@ -62,7 +71,7 @@ void FolderTree::MakeListVol() {
     Volumes::gMakeVolumeList(options_.volumeMode);
     for (int i = 0; i <= Volumes::gVolumeCount(); ++i) {
         const std::string p = Volumes::gGetVolumeInfo(i);
-        AddRowDictionary(dataArray_, "item", "volume", p, HasExifFile(p), -1, false);
+        AddRowDictionary(dataArray_, "item", "volume", p, "", -1, false);
     }
 }
 
@@ -75,10 +84,14 @@ RowRecord& FolderTree::AddRowDictionary(Rows& array, std::string_view kind, std:
     row->path = path;
     row->exif = exif;
     row->alias = gConvBS(alias, true);
-    row->isLeaf = path.empty() ? "false" : gConvBS(!HasSubFolder(path), true);
+    // The disk is asked later, off the caller's thread; until then the row cannot open.
+    row->isLeaf = path.empty() ? "false" : "true";
     row->expand = "false";
     row->name = DisplayName(vofo, path);
     row->parent = parent;
+    row->serial = nextSerial_++;
+    live_[row->serial] = row.get();
+    if (!path.empty()) Ask(FolderQuestion::Kind::Marks, *row);
     const auto at = insertAt < 0 || static_cast<std::size_t>(insertAt) > array.size()
                         ? array.end()
                         : array.begin() + insertAt;
@@ -93,12 +106,8 @@ std::string FolderTree::DisplayName(std::string_view vofo, const std::string& pa
 }
 
 void FolderTree::MakeList(Rows& array, const fs::path& folder, RowRecord* parent) {
-    for (const std::string& name : SortFItem(folder)) {
-        std::string path;
-        if (!ShownFolderPath(folder, name, path)) continue;
-        const bool alias = path != (folder / name).string();
-        AddRowDictionary(array, "item", "folder", path, HasExifFile(path), -1, alias, parent);
-    }
+    for (const ShownFolder& f : FolderLister().Folders(folder.string()))
+        AddRowDictionary(array, "item", "folder", f.path, "", -1, f.alias, parent);
 }
 
 bool FolderTree::ShownFolderPath(const fs::path& folder, const std::string& name,
@@ -118,14 +127,12 @@ bool FolderTree::ShownFolderPath(const fs::path& folder, const std::string& name
     return true;
 }
 
-FolderTree::Rows FolderTree::MakeChildren(RowRecord& item) {
-    Rows rows;
-    if (!item.path.empty()) MakeList(rows, item.path, &item);
-    return rows;
-}
-
 FolderTree::Rows& FolderTree::GetChild(RowRecord& item) {
-    if (!item.children) item.children = MakeChildren(item);
+    if (!item.children) {
+        Rows rows;
+        if (!item.path.empty()) MakeList(rows, item.path, &item);
+        item.children = std::move(rows);
+    }
     return *item.children;
 }
 
@@ -156,15 +163,15 @@ bool FolderTree::HasSubFolder(const std::string& path) {
     return found;
 }
 
-std::string FolderTree::HasExifFile(const std::string& path) const {
-    if (!options_.markExif || path.empty()) return "false";
+std::string FolderTree::HasExifFile(const std::string& path, const FolderTreeOptions& options) {
+    if (!options.markExif || path.empty()) return "false";
     ExifReader reader;
-    reader.NoThumb = options_.noThumb;
+    reader.NoThumb = options.noThumb;
     reader.ReadAllTags = false;
     reader.Orientation = false;
     bool found = false;
     ForEachEntry(path, [&](std::string_view name, unsigned char type) {
-        if (type == DT_DIR || !options_.filter.Accepts(name)) return true;
+        if (type == DT_DIR || !options.filter.Accepts(name)) return true;
         reader.fitem = fs::path(path) / name;
         reader.GetThumbNail();
         found = reader.ret;
@@ -177,7 +184,7 @@ int FolderTree::InsertVolumeRow(const std::string& path) {
     for (std::size_t i = dataArray_.size(); i-- > 1;) {
         if (dataArray_[i]->vofo != "volume") continue;
         const int at = static_cast<int>(i) + 1;
-        AddRowDictionary(dataArray_, "item", "volume", path, HasExifFile(path), at, false);
+        AddRowDictionary(dataArray_, "item", "volume", path, "", at, false);
         return at;
     }
     return -1;
@@ -194,6 +201,8 @@ std::unique_ptr<RowRecord> FolderTree::RemoveRowOfPath(const std::string& path, 
     if (index < 0) return nullptr;
     std::unique_ptr<RowRecord> row = std::move(dataArray_[static_cast<std::size_t>(index)]);
     dataArray_.erase(dataArray_.begin() + index);
+    Forget(*row);
+    cameraWon_ = camera_.Drop(path);
     return row;
 }
 

@@ -26,9 +26,13 @@ bool Below(std::string_view path, std::string_view folder) {
 
 bool IsUserVolume(const MountEntry& entry, std::string_view user) {
     const std::string_view point = entry.mountPoint;
-    if (point == "/" || Below(point, "/media/")) return true;
-    if (!user.empty() && Below(point, "/run/media/" + std::string(user) + "/")) return true;
+    if (point == "/" || IsRemovable(point, user)) return true;
     return Below(point, "/mnt/") && entry.source.starts_with("/dev/");
+}
+
+bool IsRemovable(std::string_view mountPoint, std::string_view user) {
+    if (Below(mountPoint, "/media/")) return true;
+    return !user.empty() && Below(mountPoint, "/run/media/" + std::string(user) + "/");
 }
 
 bool Shows(const MountEntry& entry, int mode, std::string_view user) {

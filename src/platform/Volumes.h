@@ -22,6 +22,9 @@ inline constexpr int kShowAll = 2;
 // /run/media/<user>/ whatever its file system, and block devices mounted under /mnt/.
 bool IsUserVolume(const MountEntry& entry, std::string_view user);
 
+// True for a mount a user can take out: one under /media/ or /run/media/<user>/.
+bool IsRemovable(std::string_view mountPoint, std::string_view user);
+
 // Whether a mount event concerns a row the mode lists: the kernel reports every mount,
 // including the many a user never sees as a disk.
 bool Shows(const MountEntry& entry, int mode, std::string_view user);

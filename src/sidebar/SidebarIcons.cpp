@@ -1,5 +1,6 @@
 #include "sidebar/SidebarIcons.h"
 
+#include <QHash>
 #include <QPainter>
 
 // The icons live in the GUI library, a static library: without this reference the linker
@@ -35,7 +36,23 @@ QIcon SidebarIcons::Icon(Kind kind) {
     return QIcon::fromTheme(name, QIcon(QStringLiteral(":/icons/") + name + ".svg"));
 }
 
+// Rows are painted again at every change of the list. A QIcon made anew for each paint puts a
+// new entry into Qt's pixmap cache each time, and those pile up (a few kB per mounted card)
+// until the cache's 10 MB limit; one picture per kind, badge and size is all a row needs.
 QPixmap SidebarIcons::RowPixmap(Kind kind, bool alias, int size, qreal devicePixelRatio) {
+    static QHash<QString, QPixmap> made;
+    const QString key = QStringLiteral("%1/%2/%3/%4")
+                            .arg(static_cast<int>(kind))
+                            .arg(alias)
+                            .arg(size)
+                            .arg(devicePixelRatio);
+    if (const auto it = made.constFind(key); it != made.constEnd()) return *it;
+    // Sizes and screens are few; the bound only guards against a caller that varies them.
+    if (made.size() >= kMaxPictures) made.clear();
+    return made[key] = MakePixmap(kind, alias, size, devicePixelRatio);
+}
+
+QPixmap SidebarIcons::MakePixmap(Kind kind, bool alias, int size, qreal devicePixelRatio) {
     QPixmap pixmap = Icon(kind).pixmap(QSize(size, size), devicePixelRatio);
     if (!alias || pixmap.isNull()) return pixmap;
     static const QIcon badge(QStringLiteral(":/icons/alias-badge.svg"));

@@ -16,8 +16,13 @@ class SidebarIcons {
     // The freedesktop icon name of a kind, which also names the fallback in :/icons.
     static QString ThemeName(Kind kind);
     static QIcon Icon(Kind kind);
-    // The row's picture at `size` logical pixels, with the badge for an alias.
+    // The row's picture at `size` logical pixels, with the badge for an alias. Made once and
+    // kept, so that painting rows again makes no new pictures.
     static QPixmap RowPixmap(Kind kind, bool alias, int size, qreal devicePixelRatio);
+
+  private:
+    static constexpr int kMaxPictures = 64;
+    static QPixmap MakePixmap(Kind kind, bool alias, int size, qreal devicePixelRatio);
 };
 
 }  // namespace lumivex

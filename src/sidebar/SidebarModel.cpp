@@ -1,6 +1,8 @@
 #include "sidebar/SidebarModel.h"
 
-#include "model/FolderTree.h"
+#include "model/FolderLister.h"
+#include "model/FolderQuestion.h"
+#include "model/QuestionLanes.h"
 
 namespace lumivex {
 namespace {
@@ -11,13 +13,69 @@ QString Q(const std::string& s) {
 
 }  // namespace
 
-SidebarModel::SidebarModel(FolderTree& tree, QObject* parent)
-    : QAbstractItemModel(parent), tree_(tree) {}
+SidebarModel::SidebarModel(FolderTree& tree, QObject* parent,
+                           std::shared_ptr<const FolderLister> lister)
+    : QAbstractItemModel(parent), tree_(tree) {
+    if (!lister) lister = std::make_shared<FolderLister>();
+    // Called on a worker: the answer is only posted; the model takes it on its own thread.
+    lanes_ = std::make_unique<QuestionLanes>(std::move(lister), [this](FolderAnswer answer) {
+        QMetaObject::invokeMethod(
+            this, [this, a = std::move(answer)] { OnAnswer(a); }, Qt::QueuedConnection);
+    });
+}
+
+SidebarModel::~SidebarModel() {
+    Close();
+}
+
+void SidebarModel::Close() {
+    lanes_->Close();
+}
 
 void SidebarModel::Rebuild(const std::function<void()>& edit) {
     beginResetModel();
     edit();
     endResetModel();
+    Pump();
+}
+
+void SidebarModel::Pump() {
+    lanes_->SetRound(tree_.Round());
+    lanes_->Ask(tree_.TakeQuestions());
+}
+
+void SidebarModel::DropVolume(const RowRecord& volume) {
+    lanes_->DropLane(FolderTree::LaneOf(volume));
+}
+
+void SidebarModel::OnAnswer(const FolderAnswer& answer) {
+    const auto found = tree_.Apply(answer, *this);
+    Pump();
+    Announce(found);
+}
+
+void SidebarModel::OpenWaitingCamera() {
+    const auto found = tree_.TakeCameraWin(*this);
+    Pump();
+    Announce(found);
+}
+
+void SidebarModel::Announce(const std::optional<FolderTree::CameraRows>& found) {
+    if (found)
+        emit cameraFound(IndexOf(found->volume), IndexOf(found->dcim), IndexOf(found->folder));
+}
+
+void SidebarModel::WillAddChildren(RowRecord& parent, int count) {
+    beginInsertRows(IndexOf(&parent), 0, count - 1);
+}
+
+void SidebarModel::DidAddChildren(RowRecord&) {
+    endInsertRows();
+}
+
+void SidebarModel::Marked(RowRecord& row) {
+    const QModelIndex index = IndexOf(&row);
+    emit dataChanged(index, index);
 }
 
 RowRecord* SidebarModel::RowOf(const QModelIndex& index) {
@@ -71,20 +129,15 @@ bool SidebarModel::hasChildren(const QModelIndex& parent) const {
 
 bool SidebarModel::canFetchMore(const QModelIndex& parent) const {
     const RowRecord* row = RowOf(parent);
-    return row != nullptr && row->IsExpandable() && !row->children;
+    return row != nullptr && row->IsExpandable() && !row->children && !row->childrenAsked;
 }
 
+// The rows come with the answer; the row stays open, empty, until then.
 void SidebarModel::fetchMore(const QModelIndex& parent) {
     RowRecord* row = RowOf(parent);
     if (row == nullptr || !canFetchMore(parent)) return;
-    RowRecord::Rows rows = tree_.MakeChildren(*row);
-    if (rows.empty()) {
-        row->children.emplace();
-        return;
-    }
-    beginInsertRows(parent, 0, static_cast<int>(rows.size()) - 1);
-    row->children = std::move(rows);
-    endInsertRows();
+    tree_.AskChildren(*row);
+    Pump();
 }
 
 QVariant SidebarModel::data(const QModelIndex& index, int role) const {

@@ -1,23 +1,29 @@
 #include "sidebar/SidebarView.h"
 
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <algorithm>
 
+#include "browser/MenuOfTexts.h"
 #include "core/Settings.h"
 #include "model/CameraSearch.h"
 #include "model/FolderTree.h"
+#include "model/SidebarMenu.h"
+#include "platform/Volumes.h"
 #include "sidebar/SidebarDelegate.h"
 #include "sidebar/SidebarModel.h"
 #include "sidebar/VolumeWatcher.h"
 
 namespace lumivex {
 
-SidebarView::SidebarView(const Settings& prefs, QWidget* parent)
+SidebarView::SidebarView(const Settings& prefs, QWidget* parent,
+                         std::shared_ptr<const FolderLister> lister)
     : QTreeView(parent),
       pPrefs(prefs),
       pTree(std::make_unique<FolderTree>()),
-      pModel(new SidebarModel(*pTree, this)),
+      pModel(new SidebarModel(*pTree, this, std::move(lister))),
       pDelegate(new SidebarDelegate(this)) {
     setHeaderHidden(true);
     setUniformRowHeights(true);
@@ -39,10 +45,14 @@ SidebarView::SidebarView(const Settings& prefs, QWidget* parent)
             [this](const QModelIndex& i) { MarkExpand(i, true); });
     connect(this, &QTreeView::collapsed, this,
             [this](const QModelIndex& i) { MarkExpand(i, false); });
+    connect(pModel, &SidebarModel::cameraFound, this, &SidebarView::OpenCamera);
     MakeTable();
 }
 
-SidebarView::~SidebarView() = default;
+// The workers' answers stop before the tree they name goes.
+SidebarView::~SidebarView() {
+    pModel->Close();
+}
 
 void SidebarView::MakeTable() {
     FolderTreeOptions options = FolderTreeOptions::FromSettings(pPrefs);
@@ -135,6 +145,7 @@ void SidebarView::getPost(VolumeEvent event, const std::string& path) {
                                RowOfIndex(pModel->index(i, 0)));
         std::unique_ptr<RowRecord> removed;
         pModel->Rebuild([&] { removed = pTree->RemoveRowOfPath(path, index); });
+        if (removed) pModel->DropVolume(*removed);
         mode = removed ? 2 : 0;
         if (selectedRow < 0) emit selectionDidChange(-1, QString());
     }
@@ -142,6 +153,7 @@ void SidebarView::getPost(VolumeEvent event, const std::string& path) {
     pSelectedPath.clear();
     verticalScrollBar()->setValue(scrolled);
     if (mode == 1) AutoSelect();
+    if (mode == 2) pModel->OpenWaitingCamera();
 }
 
 void SidebarView::ListenTo(const VolumeWatcher& watcher) {
@@ -170,28 +182,19 @@ bool SidebarView::AutoSelect2(std::string_view name) {
 }
 
 void SidebarView::AutoSelect() {
-    const auto found = CameraSearch::Find(pTree->DataArray());
-    if (!found) return;
-    gFI = found->volume;
-    const QModelIndex volume = ChildOfPath({}, found->volume);
+    pTree->AskCamera();
+    pModel->Pump();
+}
+
+void SidebarView::OpenCamera(const QModelIndex& volume, const QModelIndex& dcim,
+                             const QModelIndex& folder) {
+    gFI = SidebarModel::RowOf(volume)->path;
     expand(volume);
-    const QModelIndex dcim = ChildOfPath(volume, found->dcim);
     expand(dcim);
-    const QModelIndex folder = ChildOfPath(dcim, found->folder);
-    if (!folder.isValid()) return;
     pAutoSelecting = true;
     selectionModel()->setCurrentIndex(folder, QItemSelectionModel::ClearAndSelect);
     pAutoSelecting = false;
     scrollTo(folder);
-}
-
-QModelIndex SidebarView::ChildOfPath(const QModelIndex& parent, const std::string& path) const {
-    if (parent.isValid() && pModel->canFetchMore(parent)) pModel->fetchMore(parent);
-    for (int r = 0; r < pModel->rowCount(parent); ++r) {
-        const QModelIndex child = pModel->index(r, 0, parent);
-        if (SidebarModel::RowOf(child)->path == path) return child;
-    }
-    return {};
 }
 
 // ---- open rows and the selection across a reload --------------------------------------
@@ -285,6 +288,27 @@ void SidebarView::mousePressEvent(QMouseEvent* event) {
         return;
     }
     QTreeView::mousePressEvent(event);
+}
+
+// ---- contextual menu -------------------------------------------------------------------
+
+QMenu* SidebarView::RowMenu(const QModelIndex& index, QWidget* parent) {
+    const RowRecord* row = SidebarModel::RowOf(index);
+    if (row == nullptr) return nullptr;
+    QMenu* menu = MenuOfTexts(SidebarMenu::Items(*row, Volumes::CurrentUser()), parent);
+    if (menu == nullptr) return nullptr;
+    const QString path = QString::fromStdString(row->path);
+    connect(menu, &QMenu::triggered, this, [this, path](QAction* a) {
+        if (a->text().toStdString() == SidebarMenu::kEject) emit ejectRequested(path);
+    });
+    return menu;
+}
+
+void SidebarView::contextMenuEvent(QContextMenuEvent* event) {
+    QMenu* menu = RowMenu(indexAt(event->pos()), this);
+    if (menu == nullptr) return;
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(event->globalPos());
 }
 
 }  // namespace lumivex

@@ -1,6 +1,8 @@
 #pragma once
 // The sidebar: a tree of row records (the "デスクトップ" group row, the volumes, the Desktop's
 // folders) shown in a tree view with 19-pixel rows. Children load when a row is first opened.
+// The rows show at once; their folders are read on workers, and a row takes its colour and
+// its disclosure when the answer comes, so a card that stops answering never holds the window.
 // The window hears of a changed selection through selectionDidChange. Told of volumes that
 // come and go (getPost), the view keeps itself true and finds camera media on its own.
 #include <QTreeView>
@@ -8,9 +10,12 @@
 #include <string>
 #include <string_view>
 
+class QMenu;
+
 namespace lumivex {
 
 class Settings;
+class FolderLister;
 class FolderTree;
 struct RowRecord;
 class SidebarModel;
@@ -23,7 +28,9 @@ class SidebarView : public QTreeView {
   public:
     // Reads the display settings from `prefs` (which outlives the view) whenever the tree is
     // built, and builds it once.
-    explicit SidebarView(const Settings& prefs, QWidget* parent = nullptr);
+    // `lister` reads the disk; by default the real one.
+    explicit SidebarView(const Settings& prefs, QWidget* parent = nullptr,
+                         std::shared_ptr<const FolderLister> lister = {});
     ~SidebarView() override;
 
     // Builds the whole tree anew: every row closed, every loaded child list gone.
@@ -44,8 +51,8 @@ class SidebarView : public QTreeView {
     // Follows the volumes that `watcher` reports, through getPost.
     void ListenTo(const VolumeWatcher& watcher);
 
-    // Finds the first volume with a "DCIM" folder holding a numbered folder, opens the way to
-    // it and selects it. Nothing changes when there is none.
+    // Looks for the first volume with a "DCIM" folder holding a numbered folder; when the
+    // answers come, opens the way to it and selects it. Nothing changes when there is none.
     void AutoSelect();
     static bool AutoSelect2(std::string_view name);
     // True while AutoSelect's own selection is being reported.
@@ -80,20 +87,26 @@ class SidebarView : public QTreeView {
     // The index shown at display index `row`; invalid when there is none.
     QModelIndex IndexOfRow(int row) const;
 
+    // The contextual menu of the row at `index`, or nullptr when the row has none. A removable
+    // volume offers "取り出す", which asks for the eject through ejectRequested.
+    QMenu* RowMenu(const QModelIndex& index, QWidget* parent);
+
   signals:
+    // The user asked to eject the volume mounted at `mountPoint`.
+    void ejectRequested(const QString& mountPoint);
     // A row was selected (row >= 0, with its path) or the selection ended in nothing (-1, "").
     void selectionDidChange(int row, const QString& path);
 
   protected:
     // A click below the rows deselects; the group row takes no click.
     void mousePressEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
     void OnSelectionChanged();
     void MarkExpand(const QModelIndex& index, bool open);
     void RecordSelection();
-    // The child of `parent` whose row carries `path`; invalid when there is none.
-    QModelIndex ChildOfPath(const QModelIndex& parent, const std::string& path) const;
+    void OpenCamera(const QModelIndex& volume, const QModelIndex& dcim, const QModelIndex& folder);
     // The display index of the top-level row `index` (the end of the rows past the last).
     int DisplayRowOfTop(int index) const;
     // Selects `row`; when it is the folder that was selected before the reload, quietly.

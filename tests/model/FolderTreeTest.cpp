@@ -51,6 +51,7 @@ class FolderTreeTest : public ::testing::Test {
 TEST_F(FolderTreeTest, TopLevelIsGroupThenVolumesThenShownDesktopFolders) {
     FolderTree tree = Tree();
     tree.MakeTable({elsewhere_.Str(), "/"});
+    tree.Settle();
     const RowRecord::Rows& rows = tree.DataArray();
     ASSERT_EQ(rows.size(), 3 + shown_.size());
     const RowRecord& group = *rows[0];
@@ -123,6 +124,7 @@ TEST_F(FolderTreeTest, SubfolderMarkCountsHiddenNamesButNotPackagesOrDots) {
     // A folder whose only subfolder is hidden offers to open, and opens empty.
     FolderTree tree = Tree();
     tree.MakeTable({});
+    tree.Settle();
     const Names names = NamesOf(tree.DataArray());
     const auto at = std::find(names.begin(), names.end(), "onlytmp") - names.begin();
     RowRecord& onlytmp = *tree.DataArray()[static_cast<std::size_t>(at)];
@@ -158,6 +160,7 @@ TEST_F(FolderTreeTest, ExifMarkReadsOnlyDirectPictures) {
     for (bool mark : {true, false}) {
         FolderTree tree = Tree(mark);
         tree.MakeTable({});
+        tree.Settle();
         EXPECT_EQ(tree.DataArray()[3]->exif, mark ? "true" : "false");
     }
 }
@@ -169,7 +172,8 @@ TEST(CameraSearchTest, ThreeDigitsStartAnImageFolder) {
         EXPECT_FALSE(CameraSearch::AutoSelect2(name)) << name;
 }
 
-// The camera search: which volume wins, which folder in it, and what does not count.
+// The camera search: which volume wins, which folder in it, and what does not count. The
+// rows on the way are loaded from what the search read.
 TEST_F(FolderTreeTest, CameraSearchTakesTheFirstVolumeInListOrderWithANumberedFolder) {
     test::ScratchTree plain, noNumbers, card, second;
     plain.Dirs({"Documents", "dcim/100low"});  // the name must be exactly "DCIM"
@@ -179,33 +183,41 @@ TEST_F(FolderTreeTest, CameraSearchTakesTheFirstVolumeInListOrderWithANumberedFo
     second.Dirs({"DCIM/100OTHER"});
     desk_.Dirs({"card/DCIM/100DESK"});  // a Desktop folder is not a volume
     FolderTree tree = Tree();
-    tree.MakeTable({plain.Str(), noNumbers.Str(), card.Str(), second.Str()});
-    auto found = CameraSearch::Find(tree.DataArray());
+    auto search = [&](const std::vector<std::string>& volumes) {
+        tree.MakeTable(volumes);
+        tree.Settle();
+        tree.AskCamera();
+        return tree.Settle();
+    };
+    auto found = search({plain.Str(), noNumbers.Str(), card.Str(), second.Str()});
     ASSERT_TRUE(found);
-    EXPECT_EQ(found->volume, card.Str());
-    EXPECT_EQ(found->dcim, card.Str("DCIM"));
-    EXPECT_EQ(found->folder, card.Str("DCIM/101CANON"));
+    EXPECT_EQ(found->volume->path, card.Str());
+    EXPECT_EQ(found->dcim->path, card.Str("DCIM"));
+    EXPECT_EQ(found->folder->path, card.Str("DCIM/101CANON"));
+    EXPECT_EQ(NamesOf(*found->volume->children), (Names{"AAA", "DCIM", "ZZZ"}));
+    EXPECT_EQ(found->dcim->parent, found->volume);
+    EXPECT_EQ(std::tie(found->volume->isLeaf, found->dcim->isLeaf),
+              std::make_tuple("false", "false"));
 
     // List order, not path order, decides between two cards.
-    tree.MakeTable({second.Str(), card.Str()});
-    found = CameraSearch::Find(tree.DataArray());
+    found = search({second.Str(), card.Str()});
     ASSERT_TRUE(found);
-    EXPECT_EQ(found->folder, second.Str("DCIM/100OTHER"));
+    EXPECT_EQ(found->folder->path, second.Str("DCIM/100OTHER"));
 
     // "DCIM" without numbered folders, an unreadable path, no volumes: nothing.
-    tree.MakeTable({plain.Str(), noNumbers.Str(), plain.Str("gone")});
-    EXPECT_FALSE(CameraSearch::Find(tree.DataArray()));
-    tree.MakeTable(std::vector<std::string>{});
-    EXPECT_FALSE(CameraSearch::Find(tree.DataArray()));
+    EXPECT_FALSE(search({plain.Str(), noNumbers.Str(), plain.Str("gone")}));
+    EXPECT_FALSE(search({}));
 
     // A linked DCIM is searched through, and the row path is the link's target, as shown.
     test::ScratchTree linked, target;
     target.Dirs({"100LINK"});
     linked.Link(target.Path(), "DCIM");
-    found = CameraSearch::FindOnVolume(linked.Str());
+    found = search({linked.Str()});
     ASSERT_TRUE(found);
-    EXPECT_EQ(found->dcim, std::filesystem::canonical(target.Path()).string());
-    EXPECT_EQ(found->folder, (std::filesystem::canonical(target.Path()) / "100LINK").string());
+    const fs::path real = fs::canonical(target.Path());
+    EXPECT_EQ(std::tie(found->dcim->path, found->dcim->alias),
+              std::make_tuple(real.string(), "true"));
+    EXPECT_EQ(found->folder->path, (real / "100LINK").string());
 }
 
 }  // namespace

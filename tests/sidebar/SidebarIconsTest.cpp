@@ -1,5 +1,5 @@
 // Row pictures: which icon a row gets, that the program's own drawings are linked in, and
-// that an alias wears its badge.
+// that an alias wears its badge and that pictures are not made anew at each paint.
 #include <gtest/gtest.h>
 
 #include <QFile>
@@ -29,6 +29,9 @@ TEST(SidebarIconsTest, FallbacksAreBuiltInAndAnAliasIsBadged) {
         ASSERT_FALSE(plain.isNull());
         EXPECT_EQ(badged.size(), plain.size());
         EXPECT_NE(badged, plain);
+        // Painted again, a row reuses its picture: new ones would pile up in Qt's cache.
+        EXPECT_EQ(SidebarIcons::RowPixmap(kind, true, 16, 1.0).cacheKey(),
+                  SidebarIcons::RowPixmap(kind, true, 16, 1.0).cacheKey());
     }
     EXPECT_TRUE(QFile::exists(":/icons/alias-badge.svg"));
 }

@@ -1,12 +1,14 @@
 // The sidebar view: 19-pixel rows, selection reported before selectedRow changes, clicks on
 // the header and below the rows, and volumes coming and going: rows inserted and
 // removed, open rows kept, the selection kept on its folder or dropped with its volume, and a
-// mounted camera card opened down to its numbered folder.
+// mounted camera card opened down to its numbered folder; a card that does not answer holds
+// neither the window nor its end.
 #include <gtest/gtest.h>
 
 #include <stdlib.h>
 
 #include <QTest>
+#include <QTimer>
 
 #include "SidebarTestSupport.h"
 #include "core/Settings.h"
@@ -32,7 +34,10 @@ class SidebarViewTest : public ::testing::Test {
         ::setenv("XDG_CONFIG_HOME", home_.Str("config").c_str(), 1);
         prefs_.InitAll();
         prefs_.gPref[pref::kFolderNameColor] = 0x00AA33;
-        view_ = std::make_unique<SidebarView>(prefs_);
+        MakeView({});
+    }
+    void MakeView(std::shared_ptr<const FolderLister> lister) {
+        view_ = std::make_unique<SidebarView>(prefs_, nullptr, std::move(lister));
         view_->resize(240, 600);
         view_->show();
         QObject::connect(
@@ -42,11 +47,27 @@ class SidebarViewTest : public ::testing::Test {
             });
     }
     void TearDown() override { view_.reset(); }
+    // Every loaded row has its answers, and every row asked to open has its rows.
+    static bool Answered(const RowRecord::Rows& rows) {
+        for (const auto& r : rows) {
+            if ((!r->path.empty() && !r->marked) || (r->childrenAsked && !r->children))
+                return false;
+            if (r->children && !Answered(*r->children)) return false;
+        }
+        return true;
+    }
+    bool Settled() {
+        return QTest::qWaitFor([&] { return Answered(view_->Tree().DataArray()); }, 10000);
+    }
     void SetVolumes(const std::vector<std::string>& paths) {
         view_->Model().Rebuild([&] { view_->Tree().MakeTable(paths); });
+        ASSERT_TRUE(Settled());
     }
     int Row(const std::string& path) const { return view_->RowOfPath(path); }
-    void Open(const std::string& path) { view_->expand(view_->IndexOfRow(Row(path))); }
+    void Open(const std::string& path) {
+        view_->expand(view_->IndexOfRow(Row(path)));
+        ASSERT_TRUE(Settled());
+    }
     bool IsOpen(const std::string& path) const {
         return view_->isExpanded(view_->IndexOfRow(Row(path)));
     }
@@ -74,6 +95,7 @@ class SidebarViewTest : public ::testing::Test {
 };
 
 TEST_F(SidebarViewTest, NineteenPixelRowsUnderAHeaderInTheSettingsColours) {
+    ASSERT_TRUE(Settled());
     EXPECT_TRUE(view_->isHeaderHidden());
     EXPECT_EQ(view_->PathOfRow(0), "");
     const int alpha = Row(alpha_);
@@ -94,6 +116,7 @@ TEST_F(SidebarViewTest, NineteenPixelRowsUnderAHeaderInTheSettingsColours) {
 }
 
 TEST_F(SidebarViewTest, SelectionIsReportedBeforeSelectedRowChangesAndClicksBelowDeselect) {
+    ASSERT_TRUE(Settled());
     const int alpha = Row(alpha_), beta = Row(beta_);
     ClickAt(Centre(beta));
     view_->SelectRow(alpha);
@@ -121,6 +144,7 @@ TEST_F(SidebarViewTest, OpenRowsAndTheSelectedFolderSurviveMountsAndUnmounts) {
 
     // A mount: the new row after the last volume, closed; the selection one row down.
     view_->getPost(Event::Mount, v3_.Str());
+    ASSERT_TRUE(Settled());
     EXPECT_EQ(Row(v3_.Str()), Row(v2_.Str()) + 2);
     EXPECT_FALSE(IsOpen(v3_.Str()));
     EXPECT_EQ(view_->selectedRow, before + 1);
@@ -153,6 +177,7 @@ TEST_F(SidebarViewTest, AMountedCardIsOpenedDownToItsNumberedFolderAndSelected) 
     seen_.clear();
     view_->getPost(Event::Mount, card_.Str());
     const std::string folder = card_.Str("DCIM/100CANON");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !seen_.empty(); }, 10000));
     ASSERT_EQ(seen_.size(), 1u);
     EXPECT_EQ(seen_[0].path, folder);
     EXPECT_TRUE(seen_[0].autoSelecting);
@@ -167,6 +192,7 @@ TEST_F(SidebarViewTest, AMountedCardIsOpenedDownToItsNumberedFolderAndSelected) 
     SetVolumes({v1_.Str(), card_.Str()});
     view_->gFI.clear();
     view_->AutoSelect();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !view_->gFI.empty(); }, 10000));
     EXPECT_EQ(std::make_pair(view_->gFI, Selected()), std::make_pair(card_.Str(), folder));
 
     // A card without a numbered folder selects nothing; without any volume row a mount
@@ -177,12 +203,83 @@ TEST_F(SidebarViewTest, AMountedCardIsOpenedDownToItsNumberedFolderAndSelected) 
     blank.Dirs({"DCIM/MISC"});
     seen_.clear();
     view_->getPost(Event::Mount, blank.Str());
+    ASSERT_TRUE(Settled());
+    QTest::qWait(50);  // the search's answer is in, and nothing came of it
     EXPECT_GE(Row(blank.Str()), 0);
     EXPECT_TRUE(seen_.empty());
     SetVolumes({});
     const int rows = view_->VisibleRowCount();
     view_->getPost(Event::Mount, card_.Str());
     EXPECT_EQ(view_->VisibleRowCount(), rows);
+}
+
+// A card whose folders do not answer: its row shows at once, plain and closed, the window's
+// events keep coming, and when the card answers at last it is opened and selected. The same
+// card pulled while stuck, or the sidebar closed while stuck, leaves nothing waiting.
+TEST_F(SidebarViewTest, ACardThatDoesNotAnswerHoldsNeitherTheWindowNorItsEnd) {
+    for (const bool release : {true, false}) {
+        SCOPED_TRACE(release ? "answers at last" : "pulled while stuck");
+        auto gate = std::make_shared<test::GateLister>(card_.Str());
+        MakeView(gate);
+        ASSERT_TRUE(Settled());
+        seen_.clear();
+        view_->getPost(Event::Mount, card_.Str());
+        const int row = Row(card_.Str());
+        ASSERT_GT(row, 0);
+        int beats = 0;
+        QTimer heartbeat;
+        QObject::connect(&heartbeat, &QTimer::timeout, [&] { ++beats; });
+        heartbeat.start(1);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return beats >= 20 && gate->Waiting(); }, 10000));
+        const QModelIndex index = view_->IndexOfRow(row);
+        EXPECT_FALSE(view_->model()->hasChildren(index));
+        EXPECT_TRUE(seen_.empty());
+        if (release) {
+            gate->Release();
+            ASSERT_TRUE(QTest::qWaitFor([&] { return !seen_.empty(); }, 10000));
+            EXPECT_EQ(Selected(), card_.Str("DCIM/100CANON"));
+            EXPECT_TRUE(IsOpen(card_.Str()));
+            continue;
+        }
+        view_->getPost(Event::Unmount, card_.Str());
+        EXPECT_EQ(Row(card_.Str()), -1);
+        seen_.clear();
+        gate->Release();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !gate->Waiting(); }, 10000));
+        QTest::qWait(50);  // the late answers arrive, and no row takes them
+        EXPECT_TRUE(seen_.empty());
+    }
+    // A volume above the card that does not answer holds the card's selection back until the
+    // volume is taken away. Then the view is closed while a worker still waits in it.
+    auto gate = std::make_shared<test::GateLister>(v1_.Str());
+    MakeView(gate);
+    view_->Model().Rebuild([&] { view_->Tree().MakeTable({v1_.Str()}); });
+    view_->getPost(Event::Mount, card_.Str());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return gate->Waiting() && Row(card_.Str()) > 0; }, 10000));
+    QTest::qWait(50);
+    EXPECT_TRUE(seen_.empty());
+    view_->getPost(Event::Unmount, v1_.Str());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !seen_.empty(); }, 10000));
+    EXPECT_EQ(Selected(), card_.Str("DCIM/100CANON"));
+    view_.reset();
+    gate->Release();
+    QTest::qWait(20);
+}
+
+// The card is pulled while a worker is stuck in it and put back at the same place: the card
+// put back is read and opened while the old worker still waits.
+TEST_F(SidebarViewTest, ACardPutBackIsNotHeldUpByTheWorkerStuckInItBefore) {
+    auto gate = std::make_shared<test::GateLister>(card_.Str(), true);
+    MakeView(gate);
+    view_->getPost(Event::Mount, card_.Str());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return gate->Waiting(); }, 10000));
+    view_->getPost(Event::Unmount, card_.Str());
+    seen_.clear();
+    view_->getPost(Event::Mount, card_.Str());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !seen_.empty(); }, 10000));
+    EXPECT_EQ(Selected(), card_.Str("DCIM/100CANON"));
+    EXPECT_TRUE(gate->Waiting());
+    gate->Release();
 }
 
 }  // namespace
