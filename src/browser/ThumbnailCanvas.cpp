@@ -41,9 +41,11 @@ ThumbnailCanvas::ThumbnailCanvas(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-void ThumbnailCanvas::SetItems(const std::vector<ItemRecord>* items, const GridLayout* layout) {
+void ThumbnailCanvas::SetItems(const std::vector<ItemRecord>* items, const GridLayout* layout,
+                               ThumbnailCache* pictures) {
     items_ = items;
     layout_ = layout;
+    pictures_ = pictures;
     font_.setPixelSize(FontSize());
     update();
 }
@@ -81,7 +83,7 @@ void ThumbnailCanvas::paintEvent(QPaintEvent* event) {
     p.setFont(font_);
     const auto [first, last] = VisibleRange(scrollY_ + area.top(), scrollY_ + area.bottom() + 1);
     for (std::size_t i = first; i < last; ++i)
-        DrawCanvasDoc(p, (*items_)[i]);
+        DrawCanvasDoc(p, i);
     // Selection frames lie over every thumbnail and label.
     DrawSelectItem(p, first, last);
 }
@@ -101,11 +103,14 @@ std::pair<std::size_t, std::size_t> ThumbnailCanvas::VisibleRange(int top, int b
             static_cast<std::size_t>(last - items.begin())};
 }
 
-void ThumbnailCanvas::DrawCanvasDoc(QPainter& p, const ItemRecord& item) {
+void ThumbnailCanvas::DrawCanvasDoc(QPainter& p, std::size_t index) {
+    const ItemRecord& item = (*items_)[index];
     const int fsize = FontSize();
     p.setPen(Qt::black);
-    if (!item.pict.IsNull()) {
-        p.drawImage(QPoint(item.x, item.y), ImageOf(item.pict));
+    const Picture* pict =
+        item.thumb.IsNull() || pictures_ == nullptr ? nullptr : &pictures_->Get(index, item);
+    if (pict != nullptr && !pict->IsNull()) {
+        p.drawImage(QPoint(item.x, item.y), ImageOf(*pict));
     } else {
         p.drawText(QPointF(item.x + 8, item.y + item.h / 2), QStringLiteral("No Thumbnail"));
     }

@@ -11,6 +11,7 @@
 
 #include "model/GridLayout.h"
 #include "model/ItemRecord.h"
+#include "model/ThumbnailCache.h"
 
 namespace lumivex {
 
@@ -20,10 +21,12 @@ class ThumbnailCanvas : public QWidget {
   public:
     explicit ThumbnailCanvas(QWidget* parent = nullptr);
 
-    // The items and layout to draw; both stay owned by the window. Every item in the vector
+    // The items and layout to draw, and the cache their pictures are decoded into; all stay
+    // owned by the window, which empties the cache with the list. Every item in the vector
     // is drawn: the window appends only complete items, on the main thread. Painting only
     // reads them: a label is cut where the layout marked it "compact".
-    void SetItems(const std::vector<ItemRecord>* items, const GridLayout* layout);
+    void SetItems(const std::vector<ItemRecord>* items, const GridLayout* layout,
+                  ThumbnailCache* pictures);
     void SetColors(int background, int selection);  // pBkClr, pSeClr as 0xRRGGBB
     void SetFullNames(bool full);                   // gPref(33): labels with the extension
     void SetScrollY(int y);                         // the content row at the pane's top
@@ -52,7 +55,7 @@ class ThumbnailCanvas : public QWidget {
   private:
     int FontSize() const { return layout_ ? layout_->pFsize : 12; }
     // DrawCanvasDoc: one item, its frame and its label.
-    void DrawCanvasDoc(QPainter& p, const ItemRecord& item);
+    void DrawCanvasDoc(QPainter& p, std::size_t index);
     // DrawCanvasDocRect: a label too wide for the cell, cut with "..." over a fading end, in
     // a strip w wide whose top left is (x, y).
     void DrawCanvasDocRect(QPainter& p, const QString& label, int x, int y, int w);
@@ -67,6 +70,7 @@ class ThumbnailCanvas : public QWidget {
 
     const std::vector<ItemRecord>* items_ = nullptr;
     const GridLayout* layout_ = nullptr;
+    ThumbnailCache* pictures_ = nullptr;
     QColor background_{0xFF, 0xFF, 0xFF};
     QColor selection_{0x35, 0x84, 0xE4};
     bool fullNames_ = false;

@@ -32,6 +32,14 @@ std::vector<BatchExtractor::Record> BatchExtractor::CollectFrom(
     FolderScan& scan, const std::function<void(std::size_t)>& onProgress,
     const std::atomic<bool>* stop) {
     std::vector<Record> records;
+    Scan(
+        scan, [&](Record&& r) { records.push_back(std::move(r)); }, onProgress, stop);
+    return records;
+}
+
+void BatchExtractor::Scan(FolderScan& scan, const std::function<void(Record&&)>& onRecord,
+                          const std::function<void(std::size_t)>& onProgress,
+                          const std::atomic<bool>* stop) {
     std::size_t examined = 0;
     // Handed-out entries come in name order on this thread, so this is where a stop is heard.
     auto tick = [&] {
@@ -40,15 +48,30 @@ std::vector<BatchExtractor::Record> BatchExtractor::CollectFrom(
     };
     scan.Run(
         [&](ScanItem&& item) {
-            records.push_back(Record{item.fname, true, std::move(item.pict)});
+            onRecord(Record{std::move(item.fname), true, std::move(item.thumb), item.rotate});
             tick();
         },
         [&](const std::string& name, SkipReason reason) {
-            if (reason != SkipReason::NotAnImageName)
-                records.push_back(Record{name, false, {}, reason});
+            if (reason != SkipReason::NotAnImageName) onRecord(Record{name, false, {}, 0, reason});
             tick();
         });
-    return records;
+}
+
+void BatchExtractor::Extract(const std::filesystem::path& folder, ScanOptions options,
+                             const std::filesystem::path& target, Report& report,
+                             const std::function<void(const Record&)>& onRecord,
+                             const std::function<void(std::size_t)>& onProgress) {
+    options.noThumb = false;
+    std::error_code ec;
+    const bool sameFolder = std::filesystem::equivalent(folder, target, ec);
+    FolderScan scan(folder, std::move(options));
+    Scan(
+        scan,
+        [&](Record&& r) {
+            if (r.ifd1) WriteOne(r, target, sameFolder, report);
+            if (onRecord) onRecord(r);
+        },
+        onProgress, nullptr);
 }
 
 bool BatchExtractor::HasThumbnail(const std::vector<Record>& records) {
@@ -102,7 +125,7 @@ void BatchExtractor::WriteOne(const Record& r, const std::filesystem::path& targ
         report.skipped.push_back({r.fname, "取り出し先が元のフォルダと同じです"});
         return;
     }
-    const auto jpeg = JpegCodec::Encode(r.pict, kQuality);
+    const auto jpeg = JpegCodec::Encode(r.thumb.Decode(r.rotate), kQuality);
     if (jpeg.empty()) {
         report.skipped.push_back({r.fname, "JPEGに変換できません", true});
         return;

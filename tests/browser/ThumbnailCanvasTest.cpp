@@ -24,8 +24,9 @@ ItemRecord Item(const std::string& name, bool withPicture = true) {
     item.w = 100;
     item.h = 75;
     if (withPicture) {
-        item.pict = Picture::Make(100, 75);
-        item.pict.Fill(Color{0x20, 0xA0, 0x40});
+        Picture pict = Picture::Make(100, 75);
+        pict.Fill(Color{0x20, 0xA0, 0x40});
+        item.thumb = StoredThumbnail::FromPixels(pict);
     }
     return item;
 }
@@ -37,7 +38,7 @@ class CanvasTest : public ::testing::Test {
         for (ItemRecord& item : items_)
             item.labelWidth = canvas_.TextWidth(item.Label(false));
         canvas_.resize(paneWidth, paneHeight);
-        canvas_.SetItems(&items_, &layout_);
+        canvas_.SetItems(&items_, &layout_, &pictures_);
         canvas_.SetColors(static_cast<int>(kGround), static_cast<int>(kSelection));
         canvas_.SetScrollY(scrollY);
         image_ = QImage(canvas_.size(), QImage::Format_RGB32);
@@ -58,6 +59,7 @@ class CanvasTest : public ::testing::Test {
 
     std::vector<ItemRecord> items_;
     GridLayout layout_;
+    ThumbnailCache pictures_;
     ThumbnailCanvas canvas_;
     QImage image_;
 };
