@@ -15,8 +15,9 @@ namespace lumivex {
 
 class ThumbnailCache {
   public:
-    // About 580 thumbnails of 160 x 120: several screens of the largest pane.
-    static constexpr std::size_t kDefaultBytes = 32u << 20;
+    // About 290 thumbnails of 160 x 120: three screens of a full-HD pane, while the stored
+    // thumbnails of a big card take several hundred megabytes already.
+    static constexpr std::size_t kDefaultBytes = 16u << 20;
 
     explicit ThumbnailCache(std::size_t maxBytes = kDefaultBytes) : maxBytes_(maxBytes) {}
 
