@@ -16,6 +16,7 @@
 
 namespace lumivex {
 
+class ExifReader;
 class FolderScan;
 
 class BatchExtractor {
@@ -68,7 +69,8 @@ class BatchExtractor {
                         const std::filesystem::path& target, Control& control);
 
     // Reads the folder and writes each thumbnail as soon as it is read, so nothing piles up:
-    // the way for folders too large to hold. `report` grows as the writes go, and onRecord
+    // the way for folders too large to hold. Pictures are decoded and encoded on several
+    // threads; the files are written in name order. `report` grows as the writes go, and onRecord
     // gets each candidate after its write (at once when it has no thumbnail), in name order;
     // onProgress gets the entries examined.
     static void Extract(const std::filesystem::path& folder, ScanOptions options,
@@ -89,9 +91,14 @@ class BatchExtractor {
     static Report WriteAll(const std::vector<Record>& records, const std::filesystem::path& source,
                            const std::filesystem::path& target, std::atomic<std::size_t>* progress,
                            const std::atomic<bool>* stop);
-    // Writes one record that has a thumbnail into `target`, noting a failure in `report`.
-    static void WriteOne(const Record& r, const std::filesystem::path& target, bool sameFolder,
-                         Report& report);
+    struct Encoded;
+    // Reads `file` with `x` into `e`: its record and, when `encode`, its picture as JPEG.
+    static void EncodeOne(ExifReader& x, const std::filesystem::path& file, bool encode,
+                          Encoded& e);
+    // Writes the thumbnail of `fname`, encoded as `jpeg`, into `target`, noting a failure or a
+    // skip in `report`.
+    static void WriteOne(const std::string& fname, const std::vector<std::uint8_t>& jpeg,
+                         const std::filesystem::path& target, bool sameFolder, Report& report);
 };
 
 }  // namespace lumivex
