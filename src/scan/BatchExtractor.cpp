@@ -36,14 +36,6 @@ std::vector<BatchExtractor::Record> BatchExtractor::CollectFrom(
     FolderScan& scan, const std::function<void(std::size_t)>& onProgress,
     const std::atomic<bool>* stop) {
     std::vector<Record> records;
-    Scan(
-        scan, [&](Record&& r) { records.push_back(std::move(r)); }, onProgress, stop);
-    return records;
-}
-
-void BatchExtractor::Scan(FolderScan& scan, const std::function<void(Record&&)>& onRecord,
-                          const std::function<void(std::size_t)>& onProgress,
-                          const std::atomic<bool>* stop) {
     std::size_t examined = 0;
     // Handed-out entries come in name order on this thread, so this is where a stop is heard.
     auto tick = [&] {
@@ -52,13 +44,15 @@ void BatchExtractor::Scan(FolderScan& scan, const std::function<void(Record&&)>&
     };
     scan.Run(
         [&](ScanItem&& item) {
-            onRecord(Record{std::move(item.fname), true, std::move(item.thumb), item.rotate});
+            records.push_back(Record{item.fname, true, std::move(item.thumb), item.rotate});
             tick();
         },
         [&](const std::string& name, SkipReason reason) {
-            if (reason != SkipReason::NotAnImageName) onRecord(Record{name, false, {}, 0, reason});
+            if (reason != SkipReason::NotAnImageName)
+                records.push_back(Record{name, false, {}, 0, reason});
             tick();
         });
+    return records;
 }
 
 // One entry as a reading thread leaves it: the record, and the encoded picture to write.

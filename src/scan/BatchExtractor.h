@@ -84,10 +84,6 @@ class BatchExtractor {
     static std::vector<Record> CollectFrom(FolderScan& scan,
                                            const std::function<void(std::size_t)>& onProgress,
                                            const std::atomic<bool>* stop);
-    // Runs the scan, handing each candidate to `onRecord` as a record.
-    static void Scan(FolderScan& scan, const std::function<void(Record&&)>& onRecord,
-                     const std::function<void(std::size_t)>& onProgress,
-                     const std::atomic<bool>* stop);
     static Report WriteAll(const std::vector<Record>& records, const std::filesystem::path& source,
                            const std::filesystem::path& target, std::atomic<std::size_t>* progress,
                            const std::atomic<bool>* stop);
