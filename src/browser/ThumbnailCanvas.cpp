@@ -14,10 +14,11 @@ namespace {
 
 constexpr int kFrameOut = 2;  // the selection frame's overhang around the picture
 constexpr int kLabelInset = GridLayout::kLabelInset;
-constexpr int kCutCover = 14;      // the end of a cut label hidden under the background
-constexpr int kEllipsisLeft = 12;  // "..." starts this far left of the cell's right edge
-constexpr int kStripExtra = 5;     // the cut label's strip is the font size plus this high
-constexpr int kNotchDelta = 120;   // angle delta of one wheel notch
+constexpr int kCutCover = 14;             // the end of a cut label hidden under the background
+constexpr int kEllipsisLeft = 12;         // "..." starts this far left of the cell's right edge
+constexpr int kStripExtra = 5;            // the cut label's strip is the font size plus this high
+constexpr int kNotchDelta = 120;          // angle delta of one wheel notch
+constexpr std::size_t kPrefetchStep = 8;  // pictures decoded per idle turn: well under a frame
 
 QColor ColorOf(int rgb) {
     return QColor::fromRgb(static_cast<QRgb>(rgb & 0xFFFFFF));
@@ -39,6 +40,8 @@ ThumbnailCanvas::ThumbnailCanvas(QWidget* parent) : QWidget(parent) {
     setMouseTracking(true);
     // Paint covers every pixel of the area it is given.
     setAttribute(Qt::WA_OpaquePaintEvent);
+    prefetch_.setInterval(0);
+    connect(&prefetch_, &QTimer::timeout, this, &ThumbnailCanvas::PrefetchStep);
 }
 
 void ThumbnailCanvas::SetItems(const std::vector<ItemRecord>* items, const GridLayout* layout,
@@ -86,6 +89,14 @@ void ThumbnailCanvas::paintEvent(QPaintEvent* event) {
         DrawCanvasDoc(p, i);
     // Selection frames lie over every thumbnail and label.
     DrawSelectItem(p, first, last);
+    neighbours_ = VisibleRange(scrollY_ - height(), scrollY_ + 2 * height());
+    if (pictures_ != nullptr) prefetch_.start();
+}
+
+void ThumbnailCanvas::PrefetchStep() {
+    if (pictures_ == nullptr || items_ == nullptr ||
+        pictures_->Prefetch(*items_, neighbours_.first, neighbours_.second, kPrefetchStep) == 0)
+        prefetch_.stop();
 }
 
 std::pair<std::size_t, std::size_t> ThumbnailCanvas::VisibleRange(int top, int bottom) const {

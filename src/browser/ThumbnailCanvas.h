@@ -4,6 +4,7 @@
 // buffered as tall as the content, so a folder of 10,000 thumbnails scrolls like one of 100.
 // It decides nothing: presses, moves and wheel turns go out as signals in pane coordinates.
 #include <QFont>
+#include <QTimer>
 #include <QWidget>
 #include <string>
 #include <utility>
@@ -67,10 +68,15 @@ class ThumbnailCanvas : public QWidget {
     // and a row's labels end in the gap before the next row, so two binary searches do.
     // The row that holds `top` is drawn whole, whatever the heights of its items.
     std::pair<std::size_t, std::size_t> VisibleRange(int top, int bottom) const;
+    // While the event loop idles, decodes a few pictures at a time of the screens above and
+    // below the shown one, so that a scroll of up to a page finds them.
+    void PrefetchStep();
 
     const std::vector<ItemRecord>* items_ = nullptr;
     const GridLayout* layout_ = nullptr;
     ThumbnailCache* pictures_ = nullptr;
+    QTimer prefetch_;
+    std::pair<std::size_t, std::size_t> neighbours_{0, 0};  // the band PrefetchStep fills
     QColor background_{0xFF, 0xFF, 0xFF};
     QColor selection_{0x35, 0x84, 0xE4};
     bool fullNames_ = false;

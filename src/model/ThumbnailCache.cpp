@@ -1,5 +1,6 @@
 #include "model/ThumbnailCache.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace lumivex {
@@ -26,6 +27,24 @@ const Picture& ThumbnailCache::Get(std::size_t index, const ItemRecord& item) {
     byIndex_[index] = lru_.begin();
     bytes_ += size;
     return lru_.front().pict;
+}
+
+std::size_t ThumbnailCache::Prefetch(const std::vector<ItemRecord>& items, std::size_t first,
+                                     std::size_t last, std::size_t limit) {
+    last = std::min(last, items.size());
+    std::size_t band = 0;
+    for (std::size_t i = first; i < last; ++i)
+        if (!items[i].thumb.IsNull())
+            band += static_cast<std::size_t>(std::max(0, items[i].w)) *
+                    static_cast<std::size_t>(std::max(0, items[i].h)) * 3;
+    if (band > maxBytes_ / 2) return 0;
+    std::size_t decoded = 0;
+    for (std::size_t i = first; i < last && decoded < limit; ++i) {
+        if (items[i].thumb.IsNull() || Holds(i, items[i].Turns())) continue;
+        Get(i, items[i]);
+        ++decoded;
+    }
+    return decoded;
 }
 
 void ThumbnailCache::Clear() {

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <list>
 #include <unordered_map>
+#include <vector>
 
 #include "core/Picture.h"
 #include "model/ItemRecord.h"
@@ -25,6 +26,11 @@ class ThumbnailCache {
     // turned since. Valid until the next Get or Clear. A picture larger than the bound is
     // handed out but not kept.
     const Picture& Get(std::size_t index, const ItemRecord& item);
+    // Decodes up to `limit` pictures of items [first, last) that are not held, for a band the
+    // pane is likely to show next; the number decoded, 0 when the band is complete. A band
+    // larger than half the bound is left alone, so that it never pushes out what is shown.
+    std::size_t Prefetch(const std::vector<ItemRecord>& items, std::size_t first, std::size_t last,
+                         std::size_t limit);
     // A new list: every picture is forgotten.
     void Clear();
 

@@ -94,6 +94,18 @@ TEST_F(CanvasTest, PaintsOnlyTheVisibleBand) {
     ExpectColor({{5, 24}}, 0);       // its bottom frame at content y 174
 }
 
+// Once painted, the pane decodes the screen above and the one below while it idles, and no
+// further.
+TEST_F(CanvasTest, IdleTimeDecodesTheNeighbouringScreens) {
+    items_.assign(20, Item(kLongName));  // one a row, 95 pixels apart
+    Render(110, 200, 400);               // items 4 to 6 shown
+    EXPECT_FALSE(pictures_.Holds(2, 0));
+    for (int i = 0; i < 10; ++i)
+        QCoreApplication::processEvents();
+    for (std::size_t i = 0; i < items_.size(); ++i)
+        EXPECT_EQ(pictures_.Holds(i, 0), i >= 2 && i <= 8) << i;
+}
+
 TEST_F(CanvasTest, WheelNotchesBecomeLines) {
     QSignalSpy lines(&canvas_, &ThumbnailCanvas::wheelLines);
     for (int delta : {-120, 240, -60, -60}) {

@@ -68,6 +68,31 @@ TEST(ThumbnailCache, KeepsWithinItsBoundAndDropsTheLeastRecentlyDrawn) {
     EXPECT_EQ(cache.Bytes(), 0u);
 }
 
+// The band next to the shown one is filled a few pictures per call until it is complete; a
+// band that would take more than half the room is left alone, as is an item without a picture.
+TEST(ThumbnailCache, PrefetchFillsANeighbouringBandAFewAtATime) {
+    ThumbnailCache cache(10 * kOne);
+    std::vector<ItemRecord> items;
+    for (std::uint8_t i = 0; i < 8; ++i)
+        items.push_back(Item(i));
+    items[3].thumb = StoredThumbnail();
+    cache.Get(1, items[1]);
+    const struct {
+        std::size_t first, last, limit, decoded;
+    } steps[] = {
+        {0, 6, 2, 2},   // 0 and 2: 1 is held already
+        {0, 6, 2, 2},   // 4 and 5: 3 has no picture
+        {0, 6, 2, 0},   // complete
+        {0, 8, 9, 0},   // eight pictures: more than half the room
+        {6, 99, 9, 2},  // the band ends with the list
+    };
+    for (const auto& s : steps)
+        EXPECT_EQ(cache.Prefetch(items, s.first, s.last, s.limit), s.decoded) << s.first;
+    for (std::size_t i : {0, 1, 2, 4, 5, 6, 7})
+        EXPECT_TRUE(cache.Holds(i, 0)) << i;
+    EXPECT_EQ(cache.Get(5, items[5]), items[5].Shown());
+}
+
 // An item turned by its orientation tag and then by the user shows, after its picture was
 // pushed out and decoded again, the very pixels it showed before, which are those the scan's
 // turn followed by each of the user's quarter turns gives.
