@@ -42,9 +42,10 @@ std::vector<lumivex::ItemRecord> Items(const fs::path& card) {
         lumivex::ItemRecord item;
         item.fname = f.filename().string();
         item.path = f.string();
-        item.pict = reader.Thumbnail;
-        item.w = item.pict.Width();
-        item.h = item.pict.Height();
+        item.thumb = reader.Stored;
+        item.rotate = reader.Rotate;
+        item.w = reader.Thumbnail.Width();
+        item.h = reader.Thumbnail.Height();
         items.push_back(std::move(item));
     }
     return items;

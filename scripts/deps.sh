@@ -1,7 +1,7 @@
 # Debian packages the project needs; sourced by scripts/run, scripts/test and .ci/run.
 LUMIVEX_PACKAGES=(
     cmake ninja-build g++ pkg-config
-    libturbojpeg0-dev
+    libturbojpeg0-dev zlib1g-dev
     libgtest-dev libgmock-dev libbenchmark-dev bc
     clang-format
     qt6-base-dev qt6-base-dev-tools qt6-svg-dev libqt6svg6 qt6-image-formats-plugins

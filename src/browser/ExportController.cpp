@@ -132,7 +132,7 @@ void ExportController::ExportJpeg(const ItemRecord& item, const std::string& bod
         AskTarget(QStringLiteral("非圧縮jpegで書き出し"), QString::fromStdString(body + ".jpg"),
                   {ImageFormat{"jpeg", {"jpg", "jpeg"}}});
     if (!target) return;
-    if (!Write(*target, JpegCodec::Encode(item.pict, 100))) WriteFailed();
+    if (!Write(*target, JpegCodec::Encode(item.Shown(), 100))) WriteFailed();
 }
 
 void ExportController::ExportAs(const ItemRecord& item, const std::string& body) {
@@ -148,7 +148,8 @@ void ExportController::ExportAs(const ItemRecord& item, const std::string& body)
     QImageWriter writer(&buffer, QByteArray::fromStdString(format.name));
     if (format.name == "jpeg" || format.name == "jpg" || format.name == "webp")
         writer.setQuality(100);
-    const bool encoded = !item.pict.IsNull() && writer.write(ImageOf(item.pict));
+    const Picture shown = item.Shown();
+    const bool encoded = !shown.IsNull() && writer.write(ImageOf(shown));
     const auto* data = reinterpret_cast<const std::uint8_t*>(bytes.constData());
     if (!encoded || !Write(*target, {data, static_cast<std::size_t>(bytes.size())})) WriteFailed();
 }
@@ -232,7 +233,7 @@ void ExportController::Refuse() {
                         prefs_.gPref[pref::kBeepOnCaution] == 1);
 }
 
-// Copies the next pictures for the worker, so that it reads its own and a turn made during
+// Copies the next thumbnails for the worker, so that it reads its own and a turn made during
 // the run still reaches the items not yet fed.
 void ExportController::Feed() {
     if (items_.size() != count_) {
@@ -246,7 +247,8 @@ void ExportController::Feed() {
     batch.reserve(n);
     for (std::size_t i = 0; i < n; ++i, ++next_) {
         const ItemRecord& item = items_[next_];
-        batch.push_back({item.fname, item.ifd1 ? item.pict : Picture(), item.ifd1});
+        batch.push_back(
+            {item.fname, item.ifd1 ? item.thumb : StoredThumbnail(), item.Turns(), item.ifd1});
     }
     worker_.FeedExport(std::move(batch));
 }
@@ -278,8 +280,9 @@ void ExportController::Timer2_Action() {
 bool ExportController::GenClipboard(int pCidxFlg, int pCidx) const {
     if (pCidxFlg != 1 || pCidx < 0 || pCidx >= static_cast<int>(items_.size())) return false;
     const ItemRecord& item = items_[static_cast<std::size_t>(pCidx)];
-    if (!item.ifd1 || item.pict.IsNull()) return false;
-    QGuiApplication::clipboard()->setImage(ImageOf(item.pict));
+    const Picture shown = item.ifd1 ? item.Shown() : Picture();
+    if (shown.IsNull()) return false;
+    QGuiApplication::clipboard()->setImage(ImageOf(shown));
     return true;
 }
 

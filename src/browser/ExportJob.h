@@ -1,20 +1,21 @@
 #pragma once
 // What the worker needs to export every item: copied on the main thread, so the worker reads
-// neither the window's list nor the settings. Pictures come separately, a few at a time
-// (ExportEntry), so a large card is never held twice in memory.
+// neither the window's list nor the settings. Thumbnails come separately, a few at a time
+// (ExportEntry), in their stored form: the worker decodes and turns each as it writes it.
 #include <cstddef>
 #include <filesystem>
 #include <string>
 #include <vector>
 
-#include "core/Picture.h"
+#include "core/StoredThumbnail.h"
 
 namespace lumivex {
 
 struct ExportEntry {
-    std::string fname;  // the item's file name; the target is its body and ".jpg"
-    Picture pict;       // the displayed picture, rotations and all
-    bool ifd1 = true;   // false: nothing to export for this item
+    std::string fname;      // the item's file name; the target is its body and ".jpg"
+    StoredThumbnail thumb;  // the item's thumbnail as read
+    int turns = 0;          // quarter turns clockwise to the displayed picture
+    bool ifd1 = true;       // false: nothing to export for this item
 };
 
 struct ExportJob {

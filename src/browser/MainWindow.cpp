@@ -95,7 +95,7 @@ QWidget* MainWindow::MakePane(QWidget* parent) {
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(0);
     Canvas1 = new ThumbnailCanvas(pane);
-    Canvas1->SetItems(&pScan.Items(), &pScan.Layout());
+    Canvas1->SetItems(&pScan.Items(), &pScan.Layout(), &pScan.Pictures());
     Canvas1->SetSelection(&pSelection);
     Canvas1->installEventFilter(this);
     pToolTip = std::make_unique<RestingToolTip>(*Canvas1, pScan.Items());

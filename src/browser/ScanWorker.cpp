@@ -107,12 +107,13 @@ void ScanWorker::RunExport(const std::shared_ptr<Job>& job, ExportJob order) {
         ExportEntry entry;
         if (!NextEntry(*job, entry)) break;
         const std::string name = ExportTargets::TargetName(entry.fname);
-        if (entry.ifd1 && !entry.pict.IsNull() && !name.empty()) {
+        if (entry.ifd1 && !entry.thumb.IsNull() && !name.empty()) {
             const std::filesystem::path target = order.folder / name;
             if (targets.Protects(target)) {
                 job->spared.fetch_add(1);
             } else {
-                const auto bytes = JpegCodec::Encode(entry.pict, order.quality);
+                const auto bytes =
+                    JpegCodec::Encode(entry.thumb.Decode(entry.turns), order.quality);
                 const bool ok = !bytes.empty() &&
                                 OutputFile::Replace(target, bytes) == OutputFile::Result::Written;
                 (ok ? job->written : job->failed).fetch_add(1);

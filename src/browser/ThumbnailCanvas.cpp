@@ -18,11 +18,12 @@ namespace {
 
 constexpr int kFrameOut = 2;  // the selection frame's overhang around the picture
 constexpr int kLabelInset = GridLayout::kLabelInset;
-constexpr int kCutCover = 14;      // the end of a cut label hidden under the background
-constexpr int kEllipsisLeft = 12;  // "..." starts this far left of the cell's right edge
-constexpr int kStripExtra = 5;     // the cut label's strip is the font size plus this high
-constexpr int kNotchDelta = 120;   // angle delta of one wheel notch
-constexpr int kFocusOut = 3;       // the focus frame's distance from the picture
+constexpr int kCutCover = 14;             // the end of a cut label hidden under the background
+constexpr int kEllipsisLeft = 12;         // "..." starts this far left of the cell's right edge
+constexpr int kStripExtra = 5;            // the cut label's strip is the font size plus this high
+constexpr int kNotchDelta = 120;          // angle delta of one wheel notch
+constexpr int kFocusOut = 3;              // the focus frame's distance from the picture
+constexpr std::size_t kPrefetchStep = 8;  // pictures decoded per idle turn: well under a frame
 
 // The keys the grid acts on; the others go on to the window.
 bool IsGridKey(const QKeyEvent& event) {
@@ -71,11 +72,15 @@ ThumbnailCanvas::ThumbnailCanvas(QWidget* parent) : QWidget(parent) {
     // Before the name: naming already asks for the interface, which is then kept.
     GridAccessible::Install();
     setAccessibleName(QStringLiteral("サムネイル一覧"));
+    prefetch_.setInterval(0);
+    connect(&prefetch_, &QTimer::timeout, this, &ThumbnailCanvas::PrefetchStep);
 }
 
-void ThumbnailCanvas::SetItems(const std::vector<ItemRecord>* items, const GridLayout* layout) {
+void ThumbnailCanvas::SetItems(const std::vector<ItemRecord>* items, const GridLayout* layout,
+                               ThumbnailCache* pictures) {
     items_ = items;
     layout_ = layout;
+    pictures_ = pictures;
     font_.setPixelSize(FontSize());
     update();
 }
@@ -129,10 +134,18 @@ void ThumbnailCanvas::paintEvent(QPaintEvent* event) {
     p.setFont(font_);
     const auto [first, last] = VisibleRange(scrollY_ + area.top(), scrollY_ + area.bottom() + 1);
     for (std::size_t i = first; i < last; ++i)
-        DrawCanvasDoc(p, (*items_)[i]);
+        DrawCanvasDoc(p, i);
     // Selection frames lie over every thumbnail and label.
     DrawSelectItem(p, first, last);
     if (hasFocus()) DrawFocusFrame(p);
+    neighbours_ = VisibleRange(scrollY_ - height(), scrollY_ + 2 * height());
+    if (pictures_ != nullptr) prefetch_.start();
+}
+
+void ThumbnailCanvas::PrefetchStep() {
+    if (pictures_ == nullptr || items_ == nullptr ||
+        pictures_->Prefetch(*items_, neighbours_.first, neighbours_.second, kPrefetchStep) == 0)
+        prefetch_.stop();
 }
 
 std::pair<std::size_t, std::size_t> ThumbnailCanvas::VisibleRange(int top, int bottom) const {
@@ -150,11 +163,14 @@ std::pair<std::size_t, std::size_t> ThumbnailCanvas::VisibleRange(int top, int b
             static_cast<std::size_t>(last - items.begin())};
 }
 
-void ThumbnailCanvas::DrawCanvasDoc(QPainter& p, const ItemRecord& item) {
+void ThumbnailCanvas::DrawCanvasDoc(QPainter& p, std::size_t index) {
+    const ItemRecord& item = (*items_)[index];
     const int fsize = FontSize();
     p.setPen(Qt::black);
-    if (!item.pict.IsNull()) {
-        p.drawImage(QPoint(item.x, item.y), ImageOf(item.pict));
+    const Picture* pict =
+        item.thumb.IsNull() || pictures_ == nullptr ? nullptr : &pictures_->Get(index, item);
+    if (pict != nullptr && !pict->IsNull()) {
+        p.drawImage(QPoint(item.x, item.y), ImageOf(*pict));
     } else {
         p.drawText(QPointF(item.x + 8, item.y + item.h / 2), QStringLiteral("No Thumbnail"));
     }

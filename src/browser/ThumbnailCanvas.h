@@ -6,6 +6,7 @@
 // coordinates. It takes the keyboard focus on a click and on Tab, and while it has it the
 // current item wears a dotted frame.
 #include <QFont>
+#include <QTimer>
 #include <QWidget>
 #include <string>
 #include <utility>
@@ -14,6 +15,7 @@
 #include "model/GridLayout.h"
 #include "model/ItemRecord.h"
 #include "model/ItemSelection.h"
+#include "model/ThumbnailCache.h"
 
 namespace lumivex {
 
@@ -23,10 +25,12 @@ class ThumbnailCanvas : public QWidget {
   public:
     explicit ThumbnailCanvas(QWidget* parent = nullptr);
 
-    // The items and layout to draw; both stay owned by the window. Every item in the vector
+    // The items and layout to draw, and the cache their pictures are decoded into; all stay
+    // owned by the window, which empties the cache with the list. Every item in the vector
     // is drawn: the window appends only complete items, on the main thread. Painting only
     // reads them: a label is cut where the layout marked it "compact".
-    void SetItems(const std::vector<ItemRecord>* items, const GridLayout* layout);
+    void SetItems(const std::vector<ItemRecord>* items, const GridLayout* layout,
+                  ThumbnailCache* pictures);
     // The selection whose pCidx is the current item; owned by the window.
     void SetSelection(const ItemSelection* selection);
     void SetColors(int background, int selection);  // pBkClr, pSeClr as 0xRRGGBB
@@ -71,7 +75,7 @@ class ThumbnailCanvas : public QWidget {
   private:
     int FontSize() const { return layout_ ? layout_->pFsize : 12; }
     // DrawCanvasDoc: one item, its frame and its label.
-    void DrawCanvasDoc(QPainter& p, const ItemRecord& item);
+    void DrawCanvasDoc(QPainter& p, std::size_t index);
     // DrawCanvasDocRect: a label too wide for the cell, cut with "..." over a fading end, in
     // a strip w wide whose top left is (x, y).
     void DrawCanvasDocRect(QPainter& p, const QString& label, int x, int y, int w);
@@ -85,10 +89,16 @@ class ThumbnailCanvas : public QWidget {
     // and a row's labels end in the gap before the next row, so two binary searches do.
     // The row that holds `top` is drawn whole, whatever the heights of its items.
     std::pair<std::size_t, std::size_t> VisibleRange(int top, int bottom) const;
+    // While the event loop idles, decodes a few pictures at a time of the screens above and
+    // below the shown one, so that a scroll of up to a page finds them.
+    void PrefetchStep();
 
     const std::vector<ItemRecord>* items_ = nullptr;
     const GridLayout* layout_ = nullptr;
     const ItemSelection* selected_ = nullptr;
+    ThumbnailCache* pictures_ = nullptr;
+    QTimer prefetch_;
+    std::pair<std::size_t, std::size_t> neighbours_{0, 0};  // the band PrefetchStep fills
     QColor background_{0xFF, 0xFF, 0xFF};
     QColor selection_{0x35, 0x84, 0xE4};
     bool fullNames_ = false;

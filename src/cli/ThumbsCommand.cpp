@@ -153,30 +153,40 @@ int ThumbsCommand::Raw(const Options& o, std::FILE* out, std::FILE* err) const {
     return failed ? 1 : 0;
 }
 
+// Each thumbnail is written as soon as it is read; lines about skips come in name order.
 int ThumbsCommand::Extract(const Options& o, std::FILE* out, std::FILE* err) const {
     const auto start = Clock::now();
     ScanOptions scanOptions = ScanOptions::FromSettings(CliSettings::Load());
     const FolderScan listing(o.folder, scanOptions);
     if (!FolderCheck::Listed(listing, o.folder, err)) return 1;
     const std::size_t entries = listing.EntryCount();
-    ProgressLine progress(err, "読み込み中...", entries);
-    const auto records = BatchExtractor::Collect(o.folder, std::move(scanOptions),
-                                                 [&](std::size_t n) { progress.Update(n); });
-    progress.Finish();
-    const auto report = BatchExtractor::Write(records, o.folder, o.out);
-    std::size_t skipped = report.skipped.size();
+    ProgressLine progress(err, "書き出し中...", entries);
+    std::size_t skipped = 0, reported = 0;
     bool failed = false;
-    for (const auto& r : records) {
-        if (!r.ifd1) {
-            ++skipped;
-            if (o.verbose) Report(err, false, r.fname, SkipText(o.folder / r.fname, r.reason));
-        }
-    }
-    for (const auto& s : report.skipped) {
-        failed = failed || s.failed;
-        if (o.verbose || s.failed) Report(err, s.failed, s.fname, s.reason);
-    }
-    Summary(out, entries, report.written, skipped, start);
+    BatchExtractor::Report report;
+    BatchExtractor::Extract(
+        o.folder, std::move(scanOptions), o.out, report,
+        [&](const BatchExtractor::Record& r) {
+            if (!r.ifd1) {
+                ++skipped;
+                if (o.verbose) {
+                    progress.Finish();
+                    Report(err, false, r.fname, SkipText(o.folder / r.fname, r.reason));
+                }
+            }
+            // The write just made may have added a skip of its own.
+            for (; reported < report.skipped.size(); ++reported) {
+                const auto& s = report.skipped[reported];
+                failed = failed || s.failed;
+                if (o.verbose || s.failed) {
+                    progress.Finish();
+                    Report(err, s.failed, s.fname, s.reason);
+                }
+            }
+        },
+        [&](std::size_t n) { progress.Update(n); });
+    progress.Finish();
+    Summary(out, entries, report.written, skipped + report.skipped.size(), start);
     return failed ? 1 : 0;
 }
 

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "core/Picture.h"
+#include "core/StoredThumbnail.h"
 #include "exif/ByteSource.h"
 #include "exif/DirEntry.h"
 #include "exif/ExifDict.h"
@@ -59,6 +60,9 @@ class ExifReader {
     bool ReadAllTags = true;
     Picture Thumbnail;
     int Rotate = 0;  // quarter turns applied to Thumbnail
+    // What Thumbnail was decoded from, before its turn, for keeping many thumbnails: set by
+    // each GetThumbNail that sets ret.
+    StoredThumbnail Stored;
     // Why the last GetThumbNail gave no picture, for commands that explain their skips.
     enum class Outcome { Thumbnail, Unreadable, NoExif, NoThumbnail };
     Outcome outcome = Outcome::Unreadable;

@@ -15,6 +15,7 @@ namespace lumivex {
 
 void ExifReader::GetThumbNail() {
     InitVal();
+    Stored = StoredThumbnail();
     ret = LoadFile();
     outcome = !opened_ ? Outcome::Unreadable : !ret ? Outcome::NoExif : Outcome::NoThumbnail;
     if (ret) {
@@ -46,20 +47,22 @@ std::optional<std::vector<std::uint8_t>> ExifReader::ReadBlock(const char* start
 }
 
 bool ExifReader::GetThumbNailJPEG() {
-    const auto block = ReadBlock("JPEGInterchangeFormat", "JPEGInterchangeFormatLength");
+    auto block = ReadBlock("JPEGInterchangeFormat", "JPEGInterchangeFormatLength");
     if (!block) return false;
     Picture pic = JpegCodec::Decode(*block);
     if (pic.IsNull()) return false;
+    Stored = StoredThumbnail::FromJpeg(std::move(*block), pic);
     Thumbnail = std::move(pic);
     return true;
 }
 
 bool ExifReader::GetThumbNailTIFF() {
-    const auto block = ReadBlock("StripOffsets", "StripByteCounts");
+    auto block = ReadBlock("StripOffsets", "StripByteCounts");
     if (!block) return false;
     // A decoder first, as for any picture file; bare strips have no header and fall through.
     Picture pic = JpegCodec::Decode(*block);
     if (!pic.IsNull()) {
+        Stored = StoredThumbnail::FromJpeg(std::move(*block), pic);
         Thumbnail = std::move(pic);
         return true;
     }
@@ -87,6 +90,7 @@ bool ExifReader::GetThumbNailTIFFalt(std::span<const std::uint8_t> strips) {
         for (std::size_t k = 0; k < rowBytes; ++k)
             row[k] = from + k < strips.size() ? strips[from + k] : 0;
     }
+    Stored = StoredThumbnail::FromPixels(pic);
     Thumbnail = std::move(pic);
     return true;
 }
@@ -94,6 +98,7 @@ bool ExifReader::GetThumbNailTIFFalt(std::span<const std::uint8_t> strips) {
 void ExifReader::GetThumbNailNoThumb() {
     Picture pic = MakeNoThumbPicture();
     if (pic.IsNull()) return;
+    Stored = StoredThumbnail::Placeholder();
     Thumbnail = std::move(pic);
     ret = true;
 }

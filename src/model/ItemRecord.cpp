@@ -10,7 +10,7 @@ ItemRecord ItemRecord::FromScan(ScanItem&& item) {
     ItemRecord record;
     record.fname = std::move(item.fname);
     record.path = std::move(item.path);
-    record.pict = std::move(item.pict);
+    record.thumb = std::move(item.thumb);
     record.w = item.w;
     record.h = item.h;
     record.rotate = item.rotate;

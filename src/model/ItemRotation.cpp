@@ -2,15 +2,7 @@
 
 #include <utility>
 
-#include "core/RotateImage.h"
-
 namespace lumivex {
-namespace {
-
-constexpr int kLeftTurn = 3;  // a quarter counter-clockwise
-constexpr int kRightTurn = 1;
-
-}  // namespace
 
 bool ItemRotation::RotateImageL(std::vector<ItemRecord>& items, int pCidxFlg, int pCidx) {
     return Rotate(items, pCidxFlg, pCidx, true);
@@ -45,16 +37,15 @@ void ItemRotation::RotateImageRMulti(std::vector<ItemRecord>& items) {
 }
 
 void ItemRotation::RotateImageLSingle(ItemRecord& item) {
-    Turn(item, kLeftTurn, -1);
+    Turn(item, -1);
 }
 
 void ItemRotation::RotateImageRSingle(ItemRecord& item) {
-    Turn(item, kRightTurn, +1);
+    Turn(item, +1);
 }
 
-void ItemRotation::Turn(ItemRecord& item, int turn, int delta) {
-    if (item.pict.IsNull()) return;
-    item.pict = gRotateImage(item.pict, turn);
+void ItemRotation::Turn(ItemRecord& item, int delta) {
+    if (item.thumb.IsNull()) return;
     item.rot = RotateImageCnt(item.rot, delta);
     std::swap(item.w, item.h);
 }

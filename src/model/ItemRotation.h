@@ -1,7 +1,7 @@
 #pragma once
-// Quarter turns of thumbnails in memory: the item's picture is turned, its width and height
-// swap and its "rot" count follows. The file is never touched, and the next scan forgets the
-// turn. The caller lays the grid out again and repaints. Qt-free.
+// Quarter turns of thumbnails in memory: the item's "rot" count follows the turn and its width
+// and height swap; the picture is turned where it is decoded. The file is never touched, and the
+// next scan forgets the turn. The caller lays the grid out again and repaints. Qt-free.
 #include <vector>
 
 #include "model/ItemRecord.h"
@@ -26,7 +26,7 @@ class ItemRotation {
 
   private:
     static bool Rotate(std::vector<ItemRecord>& items, int pCidxFlg, int pCidx, bool left);
-    static void Turn(ItemRecord& item, int turn, int delta);
+    static void Turn(ItemRecord& item, int delta);
 };
 
 }  // namespace lumivex

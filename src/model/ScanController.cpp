@@ -117,6 +117,7 @@ void ScanController::Empty() {
     layout_.InitCanvas();
     layout_.pYmax = 0;
     items_.clear();
+    pictures_.Clear();  // the cache is keyed by place in the list
 }
 
 void ScanController::Place(ItemRecord& item) {

@@ -11,6 +11,7 @@
 
 #include "model/GridLayout.h"
 #include "model/ItemRecord.h"
+#include "model/ThumbnailCache.h"
 #include "scan/ScanItem.h"
 
 namespace lumivex {
@@ -64,6 +65,8 @@ class ScanController {
     std::vector<ItemRecord>& Items() { return items_; }
     const std::vector<ItemRecord>& Items() const { return items_; }
     const GridLayout& Layout() const { return layout_; }
+    // The decoded pictures of the items, for the painter; emptied with the grid.
+    ThumbnailCache& Pictures() { return pictures_; }
     bool Pending() const { return !pending_.empty(); }
 
   private:
@@ -74,6 +77,7 @@ class ScanController {
 
     std::vector<ItemRecord> items_;
     GridLayout layout_;
+    ThumbnailCache pictures_;
     TextWidth textWidth_;
     bool fullNames_ = false;
     int width_ = 0;            // the pane width the items are placed for

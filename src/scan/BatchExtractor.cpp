@@ -1,12 +1,16 @@
 #include "scan/BatchExtractor.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <thread>
 
 #include "core/ErrorText.h"
 #include "core/Globals.h"
 #include "core/JpegCodec.h"
 #include "core/OutputFile.h"
+#include "exif/ExifReader.h"
 #include "scan/FolderScan.h"
+#include "scan/OrderedParallel.h"
 
 namespace lumivex {
 
@@ -40,15 +44,69 @@ std::vector<BatchExtractor::Record> BatchExtractor::CollectFrom(
     };
     scan.Run(
         [&](ScanItem&& item) {
-            records.push_back(Record{item.fname, true, std::move(item.pict)});
+            records.push_back(Record{item.fname, true, std::move(item.thumb), item.rotate});
             tick();
         },
         [&](const std::string& name, SkipReason reason) {
             if (reason != SkipReason::NotAnImageName)
-                records.push_back(Record{name, false, {}, reason});
+                records.push_back(Record{name, false, {}, 0, reason});
             tick();
         });
     return records;
+}
+
+// One entry as a reading thread leaves it: the record, and the encoded picture to write.
+struct BatchExtractor::Encoded {
+    bool candidate = false;  // an image file name
+    Record record;
+    std::vector<std::uint8_t> jpeg;
+};
+
+void BatchExtractor::Extract(const std::filesystem::path& folder, ScanOptions options,
+                             const std::filesystem::path& target, Report& report,
+                             const std::function<void(const Record&)>& onRecord,
+                             const std::function<void(std::size_t)>& onProgress) {
+    std::error_code ec;
+    const bool sameFolder = std::filesystem::equivalent(folder, target, ec);
+    const FolderScan listing(folder, options);
+    const auto& names = listing.Entries();
+    const unsigned threads = std::clamp<unsigned>(
+        options.threads ? options.threads : std::thread::hardware_concurrency(), 1, 16);
+    std::vector<ExifReader> readers(threads);
+    for (ExifReader& x : readers) {
+        x.Orientation = options.orientation;
+        x.NoThumb = false;  // a placeholder is no thumbnail to extract
+        x.ReadAllTags = false;
+    }
+    // Reading, decoding and encoding run on every thread; the files are written here, in name
+    // order, so that of two sources with one target name the first still wins.
+    OrderedParallel<Encoded>::Run(
+        names.size(), threads, FolderScan::kLookAhead,
+        [&](unsigned w, std::size_t i, Encoded& e) {
+            e = Encoded{};
+            if (!options.filter.Accepts(names[i])) return;
+            e.candidate = true;
+            EncodeOne(readers[w], folder / names[i], !sameFolder, e);
+        },
+        [&](std::size_t i, Encoded& e) {
+            if (e.record.ifd1) WriteOne(e.record.fname, e.jpeg, target, sameFolder, report);
+            if (e.candidate && onRecord) onRecord(e.record);
+            if (onProgress) onProgress(i + 1);
+            e.jpeg = {};  // the slot waits for its next entry without the picture
+        });
+}
+
+void BatchExtractor::EncodeOne(ExifReader& x, const std::filesystem::path& file, bool encode,
+                               Encoded& e) {
+    x.fitem = file;
+    x.GetThumbNail();
+    e.record.fname = file.filename().string();
+    e.record.ifd1 = x.ret;
+    if (!x.ret) {
+        e.record.reason = SkipReasonOf(x.Opened(), x.outcome != ExifReader::Outcome::NoExif);
+        return;
+    }
+    if (encode) e.jpeg = JpegCodec::Encode(x.Thumbnail, kQuality);
 }
 
 bool BatchExtractor::HasThumbnail(const std::vector<Record>& records) {
@@ -90,21 +148,25 @@ BatchExtractor::Report BatchExtractor::WriteAll(const std::vector<Record>& recor
     for (const Record& r : records) {
         if (stop != nullptr && stop->load(std::memory_order_acquire)) break;
         if (progress) progress->store(++handled, std::memory_order_release);
-        if (r.ifd1) WriteOne(r, target, sameFolder, report);
+        if (r.ifd1)
+            WriteOne(r.fname,
+                     sameFolder ? std::vector<std::uint8_t>{}
+                                : JpegCodec::Encode(r.thumb.Decode(r.rotate), kQuality),
+                     target, sameFolder, report);
     }
     return report;
 }
 
-void BatchExtractor::WriteOne(const Record& r, const std::filesystem::path& target, bool sameFolder,
+void BatchExtractor::WriteOne(const std::string& fname, const std::vector<std::uint8_t>& jpeg,
+                              const std::filesystem::path& target, bool sameFolder,
                               Report& report) {
-    const std::string name = TargetName(r.fname);
+    const std::string name = TargetName(fname);
     if (sameFolder) {
-        report.skipped.push_back({r.fname, "取り出し先が元のフォルダと同じです"});
+        report.skipped.push_back({fname, "取り出し先が元のフォルダと同じです"});
         return;
     }
-    const auto jpeg = JpegCodec::Encode(r.pict, kQuality);
     if (jpeg.empty()) {
-        report.skipped.push_back({r.fname, "JPEGに変換できません", true});
+        report.skipped.push_back({fname, "JPEGに変換できません", true});
         return;
     }
     switch (OutputFile::CreateNew(target / name, jpeg)) {
@@ -112,11 +174,11 @@ void BatchExtractor::WriteOne(const Record& r, const std::filesystem::path& targ
             ++report.written;
             break;
         case OutputFile::Result::Exists:
-            report.skipped.push_back({r.fname, "同じ名前のファイル " + name + " があります"});
+            report.skipped.push_back({fname, "同じ名前のファイル " + name + " があります"});
             break;
         case OutputFile::Result::Failed:
             report.skipped.push_back(
-                {r.fname, name + " を書き込めません（" + ErrorText(errno) + "）", true});
+                {fname, name + " を書き込めません（" + ErrorText(errno) + "）", true});
             break;
     }
 }

@@ -3,18 +3,20 @@
 // as JPEG at the highest quality, as body + ".jpg" into a target folder. A thumbnail never
 // takes the place of a source image, nor of any other file: a target name that already exists
 // is left alone and reported, and a target folder that is the source folder is refused.
+// Records hold thumbnails in their stored form; each is decoded only while it is written.
 #include <atomic>
 #include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
 
-#include "core/Picture.h"
+#include "core/StoredThumbnail.h"
 #include "scan/ScanOptions.h"
 #include "scan/SkipReason.h"
 
 namespace lumivex {
 
+class ExifReader;
 class FolderScan;
 
 class BatchExtractor {
@@ -23,7 +25,8 @@ class BatchExtractor {
     struct Record {
         std::string fname;
         bool ifd1 = false;  // a thumbnail was extracted
-        Picture pict;
+        StoredThumbnail thumb;
+        int rotate = 0;                               // quarter turns from the orientation tag
         SkipReason reason = SkipReason::NoThumbnail;  // why not, when ifd1 is false
     };
     struct Skipped {
@@ -65,6 +68,16 @@ class BatchExtractor {
     static Report Write(const std::vector<Record>& records, const std::filesystem::path& source,
                         const std::filesystem::path& target, Control& control);
 
+    // Reads the folder and writes each thumbnail as soon as it is read, so nothing piles up:
+    // the way for folders too large to hold. Pictures are decoded and encoded on several
+    // threads; the files are written in name order. `report` grows as the writes go, and onRecord
+    // gets each candidate after its write (at once when it has no thumbnail), in name order;
+    // onProgress gets the entries examined.
+    static void Extract(const std::filesystem::path& folder, ScanOptions options,
+                        const std::filesystem::path& target, Report& report,
+                        const std::function<void(const Record&)>& onRecord,
+                        const std::function<void(std::size_t)>& onProgress = nullptr);
+
     static constexpr int kQuality = 100;
 
   private:
@@ -74,9 +87,14 @@ class BatchExtractor {
     static Report WriteAll(const std::vector<Record>& records, const std::filesystem::path& source,
                            const std::filesystem::path& target, std::atomic<std::size_t>* progress,
                            const std::atomic<bool>* stop);
-    // Writes one record that has a thumbnail into `target`, noting a failure in `report`.
-    static void WriteOne(const Record& r, const std::filesystem::path& target, bool sameFolder,
-                         Report& report);
+    struct Encoded;
+    // Reads `file` with `x` into `e`: its record and, when `encode`, its picture as JPEG.
+    static void EncodeOne(ExifReader& x, const std::filesystem::path& file, bool encode,
+                          Encoded& e);
+    // Writes the thumbnail of `fname`, encoded as `jpeg`, into `target`, noting a failure or a
+    // skip in `report`.
+    static void WriteOne(const std::string& fname, const std::vector<std::uint8_t>& jpeg,
+                         const std::filesystem::path& target, bool sameFolder, Report& report);
 };
 
 }  // namespace lumivex

@@ -60,9 +60,9 @@ void FolderScan::Read(ExifReader& x, std::size_t i, Slot& slot) const {
         slot.reason = SkipReasonOf(x.Opened(), x.outcome != ExifReader::Outcome::NoExif);
         return;
     }
-    slot.item = ScanItem{names_[i], x.fitem.string(), std::move(x.Thumbnail), 0, 0, x.Rotate};
-    slot.item.w = slot.item.pict.Width();
-    slot.item.h = slot.item.pict.Height();
+    // Only the stored form travels on: the decoded picture is the reader's to reuse.
+    slot.item = ScanItem{names_[i],           x.fitem.string(),     std::move(x.Stored),
+                         x.Thumbnail.Width(), x.Thumbnail.Height(), x.Rotate};
 }
 
 ScanStats FolderScan::Run(const ItemHandler& onItem, const SkipHandler& onSkip) {

@@ -58,6 +58,7 @@ class ExportTest : public ::testing::Test {
         reader.GetThumbNail();
         EXPECT_TRUE(reader.ret) << name;
         items_.push_back(Item(name, reader.Thumbnail));
+        items_.back().thumb = reader.Stored;  // as the scan keeps it
         return layout;
     }
     ItemRecord Item(const std::string& name, Picture pict) {
@@ -66,7 +67,7 @@ class ExportTest : public ::testing::Test {
         item.path = (card_ / name).string();
         item.w = pict.Width();
         item.h = pict.Height();
-        item.pict = std::move(pict);
+        item.thumb = StoredThumbnail::FromPixels(pict);
         return item;
     }
     void AddSmallItems(int n) {
@@ -153,7 +154,7 @@ TEST_F(ExportTest, JpegIsTheTurnedPicture) {
     const Picture written = JpegCodec::Decode(bytes);
     ASSERT_EQ(written.Width(), 120);
     ASSERT_EQ(written.Height(), 160);
-    const Picture& shown = items_[0].pict;
+    const Picture shown = items_[0].Shown();
     for (const auto& [x, y] :
          std::vector<std::pair<int, int>>{{0, 0}, {119, 0}, {0, 159}, {60, 40}}) {
         const Color a = written.Pixel(x, y), b = shown.Pixel(x, y);
@@ -230,6 +231,27 @@ TEST_F(ExportTest, SecondStartIsRefusedAndAStopKeepsWhatWasWritten) {
     EXPECT_FALSE(strip_.JobShown());
     EXPECT_EQ(FilesIn(out_), ExportController::kFeedStep);
     EXPECT_FALSE(JpegCodec::Decode(Bytes(out_ / "IMG_1000.jpg")).IsNull());
+}
+
+// Export-all writes what each item shows: the scan's turn and the user's, both decoded by the
+// worker from the item's stored thumbnail.
+TEST_F(ExportTest, ExportAllWritesEachPictureAsShown) {
+    AddSmallItems(3);
+    items_[0].rotate = 1;                         // turned by its orientation tag
+    ItemRotation::RotateImageLSingle(items_[1]);  // turned by the user
+    prompter_.files = {QString::fromStdString(out_.string())};
+    ASSERT_TRUE(ctl_.ExportThumbNailAll());
+    ASSERT_TRUE(WaitForEnd());
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        const Picture written =
+            JpegCodec::Decode(Bytes(out_ / ("IMG_" + std::to_string(1000 + i) + ".jpg")));
+        const Picture shown = items_[i].Shown();
+        EXPECT_EQ(std::make_pair(written.Width(), written.Height()),
+                  std::make_pair(shown.Width(), shown.Height()))
+            << i;
+        EXPECT_EQ(written.Width(), i < 2 ? 12 : 16) << i;
+        EXPECT_NEAR(written.Pixel(5, 5).r, shown.Pixel(5, 5).r, 4) << i;
+    }
 }
 
 // Export-all into the shown folder itself, by any path, must never replace a source picture,

@@ -25,8 +25,9 @@ ItemRecord Item(const std::string& name, bool withPicture = true) {
     item.w = 100;
     item.h = 75;
     if (withPicture) {
-        item.pict = Picture::Make(100, 75);
-        item.pict.Fill(Color{0x20, 0xA0, 0x40});
+        Picture pict = Picture::Make(100, 75);
+        pict.Fill(Color{0x20, 0xA0, 0x40});
+        item.thumb = StoredThumbnail::FromPixels(pict);
     }
     return item;
 }
@@ -38,7 +39,7 @@ class CanvasTest : public ::testing::Test {
         for (ItemRecord& item : items_)
             item.labelWidth = canvas_.TextWidth(item.Label(false));
         canvas_.resize(paneWidth, paneHeight);
-        canvas_.SetItems(&items_, &layout_);
+        canvas_.SetItems(&items_, &layout_, &pictures_);
         canvas_.SetColors(static_cast<int>(kGround), static_cast<int>(kSelection));
         canvas_.SetScrollY(scrollY);
         image_ = QImage(canvas_.size(), QImage::Format_RGB32);
@@ -59,6 +60,7 @@ class CanvasTest : public ::testing::Test {
 
     std::vector<ItemRecord> items_;
     GridLayout layout_;
+    ThumbnailCache pictures_;
     ThumbnailCanvas canvas_;
     QImage image_;
 };
@@ -91,6 +93,18 @@ TEST_F(CanvasTest, PaintsOnlyTheVisibleBand) {
     Render(110, 200, 150);
     ExpectColor({{15, 10}}, kPict);  // item 1 at content y 160
     ExpectColor({{5, 24}}, 0);       // its bottom frame at content y 174
+}
+
+// Once painted, the pane decodes the screen above and the one below while it idles, and no
+// further.
+TEST_F(CanvasTest, IdleTimeDecodesTheNeighbouringScreens) {
+    items_.assign(20, Item(kLongName));  // one a row, 95 pixels apart
+    Render(110, 200, 400);               // items 4 to 6 shown
+    EXPECT_FALSE(pictures_.Holds(2, 0));
+    for (int i = 0; i < 10; ++i)
+        QCoreApplication::processEvents();
+    for (std::size_t i = 0; i < items_.size(); ++i)
+        EXPECT_EQ(pictures_.Holds(i, 0), i >= 2 && i <= 8) << i;
 }
 
 TEST_F(CanvasTest, WheelNotchesBecomeLines) {

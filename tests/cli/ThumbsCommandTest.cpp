@@ -9,6 +9,7 @@
 #include "CommandOutput.h"
 #include "cli/ThumbsCommand.h"
 #include "core/JpegCodec.h"
+#include "exif/ExifReader.h"
 
 namespace lumivex::test {
 namespace {
@@ -58,6 +59,43 @@ TEST(ThumbsCommand, WritesEachThumbnailOnceAndKeepsExistingFiles) {
         EXPECT_EQ(same.status, 1) << mode;
         ExpectPieces(same.err, {"取り出し先が元のフォルダと同じです"});
         EXPECT_EQ(std::distance(fs::directory_iterator(card), {}), 4) << mode;
+    }
+}
+
+// Each file written as it is read is the picture the program shows, turned by the thumbnail's
+// orientation and encoded at the highest quality: the same bytes as one held in memory gives.
+TEST(ThumbsCommand, ReEncodedFilesAreTheShownPictures) {
+    fixtures::ScratchDir dir;
+    const fs::path card = dir.path() / "card", out = dir.path() / "out";
+    fs::create_directories(card);
+    const struct {
+        const char* name;
+        std::function<void(fixtures::ExifJpegBuilder&)> thumb;
+        int width;  // of the written picture
+    } cases[] = {
+        {"plain.JPG", [](auto& b) { b.JpegThumbnail(48, 32); }, 48},
+        {"right.JPG", [](auto& b) { b.JpegThumbnail(48, 32).Ifd1().Short(0x0112, {6}); }, 32},
+        {"half.JPG", [](auto& b) { b.JpegThumbnail(48, 32).Ifd1().Short(0x0112, {3}); }, 48},
+        {"strips.JPG", [](auto& b) { b.StripThumbnail(16, 8).Ifd1().Short(0x0112, {8}); }, 8},
+    };
+    for (const auto& c : cases)
+        Camera(card / c.name, c.thumb);
+    Camera(card / "none.JPG");
+
+    const Output o = RunCommand<ThumbsCommand>({"--verbose", "--out", out, card});
+    EXPECT_EQ(o.status, 0);
+    ExpectPieces(o.out, {"files 5, written 4, skipped 1,"});
+    EXPECT_EQ(o.err, "skip: none.JPG: サムネイルがありません\n");
+    for (const auto& c : cases) {
+        ExifReader x;
+        x.fitem = card / c.name;
+        x.Orientation = true;
+        x.GetThumbNail();
+        ASSERT_TRUE(x.ret) << c.name;
+        const std::string body = fs::path(c.name).stem().string();
+        const Bytes written = ReadBytes(out / (body + ".jpg"));
+        EXPECT_EQ(written, JpegCodec::Encode(x.Thumbnail, 100)) << c.name;
+        EXPECT_EQ(JpegCodec::Decode(written).Width(), c.width) << c.name;
     }
 }
 

@@ -114,6 +114,39 @@ TEST(Thumbnail, OrientationOfTheThumbnailOnly) {
     }
 }
 
+// What an item keeps instead of pixels gives back, turned as the scan turned it, the very
+// picture the scan decoded: JPEG by its stream, strips packed without loss, the placeholder.
+TEST(Thumbnail, TheStoredFormGivesBackTheDecodedPicture) {
+    using Form = StoredThumbnail::Form;
+    const struct {
+        const char* name;
+        std::function<void(ExifJpegBuilder&)> build;
+        Form form;
+    } cases[] = {
+        {"jpeg", [](auto& b) { b.JpegThumbnail(48, 32); }, Form::Jpeg},
+        {"jpeg 6", [](auto& b) { b.JpegThumbnail(48, 32).Ifd1().Short(0x0112, {6}); }, Form::Jpeg},
+        {"jpeg 3", [](auto& b) { b.JpegThumbnail(48, 32).Ifd1().Short(0x0112, {3}); }, Form::Jpeg},
+        {"strips 8", [](auto& b) { b.StripThumbnail(160, 120).Ifd1().Short(0x0112, {8}); },
+         Form::Pixels},
+        {"placeholder 6", [](auto& b) { b.Ifd1().Short(0x0112, {6}); }, Form::Placeholder},
+    };
+    for (const auto& c : cases) {
+        ExifJpegBuilder b = WithMake();
+        c.build(b);
+        const Bytes bytes = b.Build();
+        ExifReader x;
+        x.fbytes = bytes;
+        x.Orientation = true;
+        x.NoThumb = true;
+        x.GetThumbNail();
+        ASSERT_TRUE(x.ret) << c.name;
+        EXPECT_EQ(x.Stored.Kind(), c.form) << c.name;
+        EXPECT_EQ(x.Stored.Decode(x.Rotate), x.Thumbnail) << c.name;
+        const std::size_t pixels = x.Thumbnail.Pixels().size();
+        EXPECT_LT(x.Stored.ByteCount(), c.form == Form::Placeholder ? 1 : pixels / 2) << c.name;
+    }
+}
+
 std::vector<std::uint8_t> Read(const std::filesystem::path& p) {
     std::ifstream f(p, std::ios::binary);
     return {std::istreambuf_iterator<char>(f), {}};

@@ -10,11 +10,12 @@ namespace {
 // A picture whose every pixel differs, so that any wrong turn shows.
 ItemRecord Item(int w, int h) {
     ItemRecord item;
-    item.pict = Picture::Make(w, h);
+    Picture pict = Picture::Make(w, h);
     for (int y = 0; y < h; ++y)
         for (int x = 0; x < w; ++x)
-            item.pict.SetPixel(
-                x, y, Color{static_cast<std::uint8_t>(x), static_cast<std::uint8_t>(y), 7});
+            pict.SetPixel(x, y,
+                          Color{static_cast<std::uint8_t>(x), static_cast<std::uint8_t>(y), 7});
+    item.thumb = StoredThumbnail::FromPixels(pict);
     item.w = w;
     item.h = h;
     return item;
@@ -35,15 +36,15 @@ TEST(ItemRotation, TurnsEachSelectedItemAndCountsQuarterTurns) {
     for (std::size_t i = 0; i < items.size(); ++i) {
         EXPECT_EQ(items[i].rot, rot[i]) << i;
         EXPECT_EQ(items[i].w, width[i]) << i;
-        EXPECT_EQ(items[i].pict.Width(), i == 3 ? 0 : width[i]) << i;
+        EXPECT_EQ(items[i].Shown().Width(), i == 3 ? 0 : width[i]) << i;
     }
     EXPECT_FALSE(ItemRotation::RotateImageR(items, 1, 9));  // an index past the list
 
     ASSERT_TRUE(ItemRotation::RotateImageR(items, 1, 0));
     EXPECT_EQ(std::make_tuple(items[0].rot, items[0].w, items[0].h), std::make_tuple(0, 4, 3));
-    EXPECT_EQ(items[0].pict, original.pict);
+    EXPECT_EQ(items[0].Shown(), original.Shown());
     ItemRotation::RotateImageR(items, 1, 0);
-    EXPECT_EQ(items[0].pict.Pixel(2, 0), original.pict.Pixel(0, 0));  // clockwise
+    EXPECT_EQ(items[0].Shown().Pixel(2, 0), original.Shown().Pixel(0, 0));  // clockwise
     for (int turn = 0; turn < 3; ++turn)
         ItemRotation::RotateImageR(items, 1, 0);
     EXPECT_EQ(items[0].rot, 0);
