@@ -64,7 +64,6 @@ bool ScanController::Clear(bool running) {
 bool ScanController::Take(std::vector<ScanItem> ready, int visibleBottom) {
     if (dropRest_) return false;
     bool visible = false;
-    items_.reserve(items_.size() + ready.size());
     for (ScanItem& scanned : ready) {
         ItemRecord item = ItemRecord::FromScan(std::move(scanned));
         Measure(item);
