@@ -1,18 +1,14 @@
 #include "model/ScanController.h"
 
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
 namespace lumivex {
-namespace {
 
-bool IsFolder(const std::string& path) {
-    std::error_code ec;
-    return std::filesystem::is_directory(path, ec);
+// A folder on a mount that no longer answers counts as gone: the click is dropped rather than
+// the window frozen.
+bool ScanController::IsFolder(const std::string& path) {
+    return probe_.IsFolder(path).value_or(false);
 }
-
-}  // namespace
 
 void ScanController::SetLabels(TextWidth width, bool fullNames) {
     textWidth_ = std::move(width);

@@ -7,11 +7,13 @@
 // what it is told here; the items and their layout live here.
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "model/GridLayout.h"
 #include "model/ItemRecord.h"
 #include "model/ThumbnailCache.h"
+#include "platform/FolderProbe.h"
 #include "scan/ScanItem.h"
 
 namespace lumivex {
@@ -68,8 +70,11 @@ class ScanController {
     // The decoded pictures of the items, for the painter; emptied with the grid.
     ThumbnailCache& Pictures() { return pictures_; }
     bool Pending() const { return !pending_.empty(); }
+    // How Begin asks whether the chosen folder still exists; tests give a probe of their own.
+    void SetFolderProbe(FolderProbe probe) { probe_ = std::move(probe); }
 
   private:
+    bool IsFolder(const std::string& path);
     void Empty();
     void Place(ItemRecord& item);
     void Measure(ItemRecord& item) const;
@@ -78,6 +83,7 @@ class ScanController {
     std::vector<ItemRecord> items_;
     GridLayout layout_;
     ThumbnailCache pictures_;
+    FolderProbe probe_;
     TextWidth textWidth_;
     bool fullNames_ = false;
     int width_ = 0;            // the pane width the items are placed for
