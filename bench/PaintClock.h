@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <cstddef>
 #include <functional>
+#include <utility>
+#include <vector>
 
 #include "browser/MainWindow.h"
 #include "browser/ThumbnailCanvas.h"
@@ -38,6 +40,7 @@ class PaintClock : public QObject {
     Figures Run(QElapsedTimer& clock, Ready ready, int limitMs) {
         clock_ = &clock;
         f_ = Figures{};
+        paints_.clear();
         lastBeat_ = clock.nsecsElapsed();
         QEventLoop loop;
         QTimer limit;
@@ -69,16 +72,31 @@ class PaintClock : public QObject {
         static_cast<QObject*>(w_.Canvas())->event(e);
         inPaint_ = false;
         const double now = Ms();
-        const auto& items = w_.Items();
-        const bool full =
-            items.size() >= total_ || (!items.empty() && items.back().y >= w_.Canvas()->height());
-        if (f_.firstScreenMs < 0 && full) f_.firstScreenMs = now;
-        if (f_.allMs < 0 && readyAt_) f_.allMs = now;
+        paints_.push_back({now, w_.Items().size()});
+        if (f_.allMs < 0 && readyAt_) {
+            f_.allMs = now;
+            f_.firstScreenMs = FirstScreen();
+        }
         if (done_) done_();
         return true;
     }
 
   private:
+    // The first paint that held every item of the first screen. Whether a screen is whole is
+    // known only from the final layout: the items that start above the pane's bottom. A paint
+    // comes only when an arriving item is visible, so the item just below the screen may
+    // never have been painted.
+    double FirstScreen() const {
+        const auto& items = w_.Items();
+        const int bottom = w_.Canvas()->height();
+        std::size_t needed = 0;
+        while (needed < items.size() && items[needed].y < bottom)
+            ++needed;
+        for (const auto& [at, count] : paints_)
+            if (count >= needed) return at;
+        return -1;
+    }
+
     double Ms() const { return static_cast<double>(clock_->nsecsElapsed()) / 1e6; }
 
     void Beat() {
@@ -98,6 +116,7 @@ class PaintClock : public QObject {
     QElapsedTimer* clock_ = nullptr;
     qint64 lastBeat_ = 0;
     Figures f_;
+    std::vector<std::pair<double, std::size_t>> paints_;  // time and item count of each paint
     bool inPaint_ = false;
     bool readyAt_ = false;
     std::function<void()> done_;
