@@ -1,10 +1,11 @@
 // The desktop program driven as a user would: start with a settings folder and a Desktop of
-// its own, select folders in the sidebar or directly, click, stop, close, and read what was
-// saved.
+// its own, select folders in the sidebar or directly, click, stop, use the toolbar and the menu
+// bar, close, and read what was saved.
 #include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <QAccessible>
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLabel>
@@ -16,9 +17,11 @@
 #include <QSignalSpy>
 #include <QSplitter>
 #include <QTest>
+#include <QTimer>
 #include <QWheelEvent>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 
 #include "ExifJpegBuilder.h"
 #include "ScratchDir.h"
@@ -31,6 +34,9 @@
 #include "browser/ThumbnailCanvas.h"
 #include "browser/ThumbnailCommands.h"
 #include "core/PrefFile.h"
+#include "prefs/PrefDlg.h"
+#include "shell/MainMenuBar.h"
+#include "shell/MainToolBar.h"
 #include "sidebar/SidebarView.h"
 #include "sidebar/VolumeWatcher.h"
 
@@ -429,6 +435,85 @@ TEST_F(MainWindowTest, KeysSelectOpenTheDialogAndTheMenuAndATouchpadScrollsByPix
         QCoreApplication::sendEvent(c, &e);
     }
     EXPECT_EQ(w_->ScrollBar()->value(), 37 + MainWindow::kLineStep);  // a notch without pixels
+}
+
+// The menu items follow the scan and the selection, and each toolbar item and menu item
+// reaches the window's command.
+TEST_F(MainWindowTest, ToolbarAndMenuItemsReachTheirCommandsAndFollowTheScanAndTheSelection) {
+    const fs::path settings = root_ / "settings" / std::string(PrefFile::kFileName);
+    const fs::path card = Folder(root_ / "card", {"IMG_0001.JPG", "IMG_0002.JPG"});
+    Start();
+    auto* bar = qobject_cast<MainMenuBar*>(w_->menuBar());
+    ASSERT_NE(bar, nullptr);
+    const auto states = [bar] {  // export one, export all, turn
+        bar->Event_EnableMenuItems();
+        std::string on;
+        for (MenuItem item :
+             {MenuItem::FileExportExif, MenuItem::FileExportJpegAll, MenuItem::ThmbL})
+            on += bar->Action(item)->isEnabled() ? '1' : '0';
+        return on;
+    };
+    QSignalSpy done(w_, &MainWindow::scanFinished);
+    w_->SelFolder1(card.string());
+    EXPECT_EQ(states(), "000");  // the scan running
+    ASSERT_TRUE(done.wait(20000));
+    EXPECT_EQ(states(), "010");
+    Click(1);
+    EXPECT_EQ(states(), "111");
+    w_->ItemUnselect();
+    EXPECT_EQ(states(), "010");
+    Click(0);
+    const auto& items = w_->Items();
+    MainToolBar* tb = w_->ToolBar();
+    const auto written = [this](const char* n) {
+        return fs::exists(root_ / n) && fs::file_size(root_ / n) > 100;
+    };
+    const auto title = [bar] { return bar->Action(MenuItem::ViewAppear)->text(); };
+    int prefsShown = 0;
+    QGuiApplication::clipboard()->clear();
+    const struct {
+        QAction* act;        // triggered; Ctrl+Q pressed when null
+        const char* answer;  // the file chosen, or the preferences' button
+        std::function<bool()> done;
+    } cases[] = {
+        {tb->ActionFor(604), "", [&] { return items[0].rot == 1; }},
+        {bar->Action(MenuItem::ThmbL), "", [&] { return items[0].rot == 0; }},
+        {tb->ActionFor(603), "", [&] { return items[0].rot == 3; }},
+        {bar->Action(MenuItem::ThmbR), "", [&] { return items[0].rot == 0; }},
+        {tb->ExportMenu()->actions().value(0), "a.jpg", [&] { return written("a.jpg"); }},
+        {bar->Action(MenuItem::FileExportExif), "b.jpg", [&] { return written("b.jpg"); }},
+        {bar->Action(MenuItem::EditCopy), "",
+         [&] { return QGuiApplication::clipboard()->image().size() == QSize(100, 75); }},
+        {bar->Action(MenuItem::EditSelectAll), "", [&] { return w_->Selection().pCidxFlg == 2; }},
+        {tb->ActionFor(609), "キャンセル",
+         [&] { return prefsShown == 1 && !fs::exists(settings); }},
+        {bar->Action(MenuItem::EditPref), "保存",
+         [&] { return prefsShown == 2 && fs::exists(settings); }},
+        {bar->Action(MenuItem::ViewAppear), "",
+         [&] { return !tb->isVisible() && title() == QString::fromUtf8("ツールバーを表示"); }},
+        {bar->Action(MenuItem::ViewAppear), "",
+         [&] { return tb->isVisible() && title() == QString::fromUtf8("ツールバーを隠す"); }},
+        {nullptr, "", [&] { return !w_->isVisible() && fs::exists(settings); }},
+    };
+    for (int row = 0; const auto& c : cases) {
+        prompter_.files = {QString::fromStdString((root_ / c.answer).string())};
+        // The preferences dialog, once it is up, is closed by the button `answer`.
+        QTimer::singleShot(0, [&prefsShown, answer = c.answer] {
+            auto* dlg = qobject_cast<PrefDlg*>(QApplication::activeModalWidget());
+            for (QPushButton* b : dlg ? dlg->findChildren<QPushButton*>() : QList<QPushButton*>())
+                if (b->text() == QString::fromUtf8(answer)) prefsShown++, b->click();
+        });
+        if (c.act != nullptr) {
+            bar->Event_EnableMenuItems();  // as the opening of a menu does
+            c.act->trigger();
+        } else {
+            fs::remove(settings);
+            QApplication::setActiveWindow(w_);
+            QTest::keyClick(w_, Qt::Key_Q, Qt::ControlModifier);
+        }
+        EXPECT_TRUE(QTest::qWaitFor(c.done, 5000)) << "row " << row;
+        ++row;
+    }
 }
 
 }  // namespace
