@@ -168,9 +168,9 @@ TEST_F(ExportTest, ChosenFormatIsWritten) {
         std::string filter, typed, file, suffix, format;  // format: what a reader finds
     };
     const std::vector<Case> cases{
-        {"png", "a", "a.png", "png", "png"},         {"png", "b.jpg", "b.jpg", "jpg", "jpeg"},
-        {"jpg", "c.tiff", "c.tiff", "tiff", "tiff"}, {"webp", "d.BMP", "d.BMP", "bmp", "bmp"},
-        {"tif", "e.webp", "e.webp", "webp", "webp"},
+        {"png", "a", "a.png", "png", "png"},
+        {"png", "b.jpg", "b.jpg", "jpg", "jpeg"},
+        {"webp", "d.BMP", "d.BMP", "bmp", "bmp"},
     };
     for (const auto& c : cases) {
         if (Filter(c.filter).isEmpty() || Filter(c.suffix).isEmpty())
