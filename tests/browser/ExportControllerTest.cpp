@@ -196,7 +196,6 @@ TEST_F(ExportTest, CopyTakesOnlyTheOneSelectedItem) {
     clipboard->setText(QStringLiteral("before"));
     EXPECT_FALSE(ctl_.GenClipboard(2, 0));
     EXPECT_EQ(clipboard->text(), QStringLiteral("before"));
-    EXPECT_TRUE(clipboard->image().isNull());
     ItemRotation::RotateImageLSingle(items_[1]);
     ASSERT_TRUE(ctl_.GenClipboard(1, 1));
     const QImage copied = clipboard->image();
