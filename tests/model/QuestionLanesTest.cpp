@@ -5,7 +5,6 @@
 
 #include <chrono>
 #include <deque>
-#include <functional>
 #include <mutex>
 #include <thread>
 
@@ -55,13 +54,6 @@ class Inbox {
     std::deque<FolderAnswer> answers_;
 };
 
-// Polls for up to a second.
-bool Eventually(const std::function<bool()>& done) {
-    for (int i = 0; i < 500 && !done(); ++i)
-        std::this_thread::sleep_for(2ms);
-    return done();
-}
-
 struct CountEdits : FolderTree::Edits {
     void Marked(RowRecord& row) override { marked.push_back(row.path); }
     std::vector<std::string> marked;
@@ -88,7 +80,9 @@ TEST_F(QuestionLanesTest, AStuckVolumeHoldsUpOnlyItselfAndItsAnswerLandsLater) {
     // The other volume is marked while the stuck one's worker waits, and so is its camera.
     ASSERT_TRUE(inbox_.Drain(tree_, edits_, 10s));
     EXPECT_EQ(edits_.marked, std::vector<std::string>{fine_.Str()});
-    EXPECT_TRUE(Eventually([&] { return lister_->Waiting(); }));
+    for (int i = 0; i < 500 && !lister_->Waiting(); ++i)
+        std::this_thread::sleep_for(2ms);
+    EXPECT_TRUE(lister_->Waiting());
     EXPECT_EQ(std::tie(Top(1).marked, Top(1).isLeaf), std::make_tuple(false, "true"));
     EXPECT_EQ(std::tie(Top(2).marked, Top(2).isLeaf), std::make_tuple(true, "false"));
 
@@ -126,10 +120,13 @@ TEST_F(QuestionLanesTest, AnswersForRowsThatWentChangeNothingAndAClosedRunnerDel
     QuestionLanes closing(held, inbox_.Deliver());
     tree_.MakeTable({fine_.Str()});
     closing.Ask(tree_.TakeQuestions());
-    ASSERT_TRUE(Eventually([&] { return held->Waiting(); }));
+    for (int i = 0; i < 500 && !held->Waiting(); ++i)
+        std::this_thread::sleep_for(2ms);
+    ASSERT_TRUE(held->Waiting());
     closing.Close(20ms);
     held->Release();
-    Eventually([&] { return closing.Busy() == 0; });
+    for (int i = 0; i < 500 && closing.Busy() > 0; ++i)
+        std::this_thread::sleep_for(2ms);
     EXPECT_EQ(inbox_.Count(), 0u);
 }
 
