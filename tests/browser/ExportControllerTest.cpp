@@ -92,9 +92,6 @@ class ExportTest : public ::testing::Test {
         QSignalSpy spy(&ctl_, &ExportController::exportFinished);
         return spy.wait(20000);
     }
-    static std::size_t FilesIn(const fs::path& dir) {
-        return static_cast<std::size_t>(std::distance(fs::directory_iterator(dir), {}));
-    }
 
     fixtures::ScratchDir dir_;
     const fs::path card_ = dir_.path() / "DCIM";
@@ -224,7 +221,7 @@ TEST_F(ExportTest, SecondStartIsRefusedAndAStopKeepsWhatWasWritten) {
     strip_.PushButton1->click();
     ASSERT_TRUE(WaitForEnd());
     EXPECT_FALSE(strip_.JobShown());
-    EXPECT_EQ(FilesIn(out_), ExportController::kFeedStep);
+    EXPECT_EQ(std::distance(fs::directory_iterator(out_), {}), ExportController::kFeedStep);
     EXPECT_FALSE(JpegCodec::Decode(Bytes(out_ / "IMG_1000.jpg")).IsNull());
 }
 
