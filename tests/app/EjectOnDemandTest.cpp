@@ -43,17 +43,9 @@ class EjectOnDemandTest : public ::testing::Test {
         EXPECT_GT(row, 0) << path;
         return o_->RowMenu(o_->IndexOfRow(row), o_);
     }
-    // A stand-in eject script: waits for `go_`, then logs its argument and fails with 3.
-    void StandInScript() {
-        std::ofstream(root_ / "eject.sh")
-            << "while [ ! -e '" << go_.string() << "' ]; do sleep 0.02; done\necho \"$1\" >> '"
-            << log_.string() << "'\nexit 3\n";
-        w_->SetEjectScript(root_ / "eject.sh");
-    }
 
     fixtures::ScratchDir scratch_;
     fs::path root_ = scratch_.path();
-    fs::path go_ = root_ / "go", log_ = root_ / "eject.log";
     std::string card_ = "/media/LVX EJECT " + std::to_string(::getpid());
     ScriptedPrompter prompter_;
     std::unique_ptr<App> app_;
@@ -64,7 +56,12 @@ class EjectOnDemandTest : public ::testing::Test {
 TEST_F(EjectOnDemandTest, TheScriptRunsBesideTheWindowAndItsFailureIsSaid) {
     // The start-up disk has no menu (which volumes do is the menu model's own test).
     EXPECT_EQ(std::unique_ptr<QMenu>(MenuOf("/")), nullptr);
-    StandInScript();
+    // A stand-in eject script: waits for `go`, then logs its argument and fails with 3.
+    const fs::path go = root_ / "go", log = root_ / "eject.log";
+    std::ofstream(root_ / "eject.sh")
+        << "while [ ! -e '" << go.string() << "' ]; do sleep 0.02; done\necho \"$1\" >> '"
+        << log.string() << "'\nexit 3\n";
+    w_->SetEjectScript(root_ / "eject.sh");
     std::unique_ptr<QMenu> menu(MenuOf(card_));
     ASSERT_NE(menu, nullptr);
     ASSERT_EQ(menu->actions().size(), 1);
@@ -76,12 +73,12 @@ TEST_F(EjectOnDemandTest, TheScriptRunsBesideTheWindowAndItsFailureIsSaid) {
     QObject::connect(&heartbeat, &QTimer::timeout, [&] { ++beats; });
     heartbeat.start(1);
     ASSERT_TRUE(QTest::qWaitFor([&] { return beats >= 20; }, 10000));
-    EXPECT_FALSE(fs::exists(log_));
-    std::ofstream(go_) << "";
+    EXPECT_FALSE(fs::exists(log));
+    std::ofstream(go) << "";
     ASSERT_TRUE(QTest::qWaitFor([&] { return !prompter_.asked.isEmpty(); }, 10000));
     EXPECT_EQ(prompter_.asked, QStringList({"error code: 3"}));
     std::string arg;
-    std::getline(std::ifstream(log_), arg);
+    std::getline(std::ifstream(log), arg);
     EXPECT_EQ(arg, card_);
     // The row waits for the unmount, which the watcher still reports.
     EXPECT_GT(o_->RowOfPath(card_), 0);

@@ -88,18 +88,15 @@ TEST_F(CanvasTest, PicturesFramesLabelsAndSelection) {
     EXPECT_NE(Ink(198, 210, 82, 99).first, -1);
 }
 
-TEST_F(CanvasTest, PaintsOnlyTheVisibleBand) {
+// Only the visible band is painted. Once painted, the pane decodes the screen above and the one
+// below while it idles, and no further.
+TEST_F(CanvasTest, PaintsTheVisibleBandAndDecodesTheNeighbouringScreensWhenIdle) {
     items_.assign(20, Item(kLongName));  // one a row, at y = 5, 100, 195, 290, 385, ...
     Render(110, 200, 150);
     ExpectColor({{15, 10}}, kPict);  // item 1 at content y 160
     ExpectColor({{5, 24}}, 0);       // its bottom frame at content y 174
-}
-
-// Once painted, the pane decodes the screen above and the one below while it idles, and no
-// further.
-TEST_F(CanvasTest, IdleTimeDecodesTheNeighbouringScreens) {
-    items_.assign(20, Item(kLongName));  // one a row, 95 pixels apart
-    Render(110, 200, 400);               // items 4 to 6 shown
+    pictures_.Clear();
+    Render(110, 200, 400);  // items 4 to 6 shown
     EXPECT_FALSE(pictures_.Holds(2, 0));
     for (int i = 0; i < 10; ++i)
         QCoreApplication::processEvents();
@@ -127,7 +124,6 @@ TEST_F(CanvasTest, AssistiveTechnologySeesAListOfNamedItems) {
     QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&canvas_);
     ASSERT_NE(list, nullptr);
     EXPECT_EQ(list->role(), QAccessible::List);
-    EXPECT_EQ(list->text(QAccessible::Name), QStringLiteral("サムネイル一覧"));
     ASSERT_EQ(list->childCount(), 3);
     for (int i = 0; i < 3; ++i) {
         const ItemRecord& item = items_[static_cast<std::size_t>(i)];

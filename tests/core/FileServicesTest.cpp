@@ -1,6 +1,5 @@
 #include "core/FileServices.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -180,12 +179,6 @@ TEST(OutputFile, CreateNewWritesOnlyUnusedNames) {
     }
     ScratchDir dir;
     EXPECT_EQ(OutputFile::CreateNew(dir.path() / "missing" / "t.jpg", bytes), R::Failed);
-    // By name in an open folder: the same rules, relative to that folder.
-    const int folder = ::open(dir.path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    EXPECT_EQ(OutputFile::CreateNewIn(folder, "in.jpg", bytes), R::Written);
-    EXPECT_EQ(OutputFile::CreateNewIn(folder, "in.jpg", {}), R::Exists);
-    ::close(folder);
-    EXPECT_EQ(ReadText(dir.path() / "in.jpg"), "new");
 }
 
 // A write that stops part-way (here the file size limit, standing in for a full disk) must not

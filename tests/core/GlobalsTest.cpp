@@ -65,7 +65,7 @@ TEST(Globals, ExtensionTest) {
 }
 
 // The masks of the report's common lines are tested with the report; these are the rest.
-TEST(NumberFormat, MasksUsedByTheProgram) {
+TEST(NumberFormat, MasksUsedByTheProgramAndTheDefaultForm) {
     const double inf = std::numeric_limits<double>::infinity();
     const struct {
         double value;
@@ -82,9 +82,7 @@ TEST(NumberFormat, MasksUsedByTheProgram) {
         EXPECT_EQ(Format(c.value, c.mask), c.expect) << c.value << " " << c.mask;
     // 309 digits and ".00"
     EXPECT_EQ(Format(std::numeric_limits<double>::max(), "-###.00").size(), 312u);
-}
-
-TEST(NumberFormat, DefaultForm) {
+    // The form without a mask.
     EXPECT_EQ(DefaultText(-0.0) + " " + DefaultText(1e300) + " " + DefaultText(4294967295.0),
               "0 1e+300 4294967295");
     EXPECT_EQ(std::stod(DefaultText(35.658166666666666)), 35.658166666666666);

@@ -1,8 +1,11 @@
 // The cache of decoded pictures: what it keeps within its byte bound, what goes first, that a
-// turned item never shows a stale picture, and that a new scan forgets the old list.
+// turned item never shows a stale picture, and that a new scan forgets the old list; and the
+// turns of the selected items.
 #include "model/ThumbnailCache.h"
 
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 #include "ScratchDir.h"
 #include "core/RotateImage.h"
@@ -49,7 +52,6 @@ TEST(ThumbnailCache, KeepsWithinItsBoundAndDropsTheLeastRecentlyDrawn) {
     };
     for (const auto& s : steps) {
         EXPECT_EQ(cache.Get(s.get, items[s.get]), items[s.get].Shown()) << s.get;
-        EXPECT_LE(cache.Bytes(), cache.MaxBytes());
         EXPECT_EQ(cache.Count(), s.held.size()) << s.get;
         EXPECT_EQ(cache.Bytes(), s.held.size() * kOne) << s.get;
         for (std::size_t i : s.held)
@@ -143,6 +145,35 @@ TEST(ThumbnailCache, ANewScanForgetsThePicturesOfTheLastList) {
         scan.Take(std::move(batch), 1000);
         EXPECT_EQ(scan.Pictures().Get(0, scan.Items()[0]), Pattern(kW, kH, tint)) << int{tint};
     }
+}
+
+// Each selected item turns once, its size with it; the others, and an item without a picture,
+// stay as they are. A quarter turn each way brings the picture back.
+TEST(ItemRotation, TurnsEachSelectedItemAndCountsQuarterTurns) {
+    const ItemRecord original = Item(7, 4, 3);
+    std::vector<ItemRecord> items{original, original, original, ItemRecord{}};
+    items[3].w = 100;
+    items[3].h = 75;
+    items[0].selected = items[2].selected = items[3].selected = true;
+    EXPECT_FALSE(ItemRotation::RotateImageL(items, 0, 0));
+    ASSERT_TRUE(ItemRotation::RotateImageL(items, 2, 1));
+    const std::vector<int> rot{3, 0, 3, 0};
+    const std::vector<int> width{3, 4, 3, 100};
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        EXPECT_EQ(items[i].rot, rot[i]) << i;
+        EXPECT_EQ(items[i].w, width[i]) << i;
+        EXPECT_EQ(items[i].Shown().Width(), i == 3 ? 0 : width[i]) << i;
+    }
+    EXPECT_FALSE(ItemRotation::RotateImageR(items, 1, 9));  // an index past the list
+
+    ASSERT_TRUE(ItemRotation::RotateImageR(items, 1, 0));
+    EXPECT_EQ(std::make_tuple(items[0].rot, items[0].w, items[0].h), std::make_tuple(0, 4, 3));
+    EXPECT_EQ(items[0].Shown(), original.Shown());
+    ItemRotation::RotateImageR(items, 1, 0);
+    EXPECT_EQ(items[0].Shown().Pixel(2, 0), original.Shown().Pixel(0, 0));  // clockwise
+    for (int turn = 0; turn < 3; ++turn)
+        ItemRotation::RotateImageR(items, 1, 0);
+    EXPECT_EQ(items[0].rot, 0);
 }
 
 }  // namespace

@@ -13,14 +13,11 @@ namespace {
 using Kind = SidebarIcons::Kind;
 
 // "/" is the internal drive even when listed as a folder.
-TEST(SidebarIconsTest, KindFollowsPathThenVofo) {
+TEST(SidebarIconsTest, KindFollowsPathThenVofoAndFallbacksAreBuiltInAndAnAliasIsBadged) {
     EXPECT_EQ(SidebarIcons::KindOf("volume", "/"), Kind::InternalDrive);
     EXPECT_EQ(SidebarIcons::KindOf("folder", "/"), Kind::InternalDrive);
     EXPECT_EQ(SidebarIcons::KindOf("volume", "/media/a"), Kind::ExternalDrive);
     EXPECT_EQ(SidebarIcons::KindOf("folder", "/home/a"), Kind::Folder);
-}
-
-TEST(SidebarIconsTest, FallbacksAreBuiltInAndAnAliasIsBadged) {
     for (Kind kind : {Kind::InternalDrive, Kind::ExternalDrive, Kind::Folder}) {
         SidebarIcons::Icon(kind);  // registers the resources
         EXPECT_TRUE(QFile::exists(":/icons/" + SidebarIcons::ThemeName(kind) + ".svg"));

@@ -100,7 +100,6 @@ TEST_F(SidebarViewTest, NineteenPixelRowsUnderAHeaderInTheSettingsColours) {
     EXPECT_EQ(view_->PathOfRow(0), "");
     const int alpha = Row(alpha_);
     ASSERT_GT(alpha, 1);  // after the header and at least "/"
-    EXPECT_EQ(Row(beta_), alpha + 1);
     for (int row : {0, alpha})
         EXPECT_EQ(view_->visualRect(view_->IndexOfRow(row)).height(), 19);
     EXPECT_FALSE(view_->IndexOfRow(view_->VisibleRowCount()).isValid());
@@ -195,18 +194,7 @@ TEST_F(SidebarViewTest, AMountedCardIsOpenedDownToItsNumberedFolderAndSelected) 
     ASSERT_TRUE(QTest::qWaitFor([&] { return !view_->gFI.empty(); }, 10000));
     EXPECT_EQ(std::make_pair(view_->gFI, Selected()), std::make_pair(card_.Str(), folder));
 
-    // A card without a numbered folder selects nothing; without any volume row a mount
-    // inserts nothing.
-    SetVolumes({v1_.Str()});
-    view_->selectedRow = -1;
-    test::ScratchTree blank;
-    blank.Dirs({"DCIM/MISC"});
-    seen_.clear();
-    view_->getPost(Event::Mount, blank.Str());
-    ASSERT_TRUE(Settled());
-    QTest::qWait(50);  // the search's answer is in, and nothing came of it
-    EXPECT_GE(Row(blank.Str()), 0);
-    EXPECT_TRUE(seen_.empty());
+    // Without any volume row a mount inserts nothing.
     SetVolumes({});
     const int rows = view_->VisibleRowCount();
     view_->getPost(Event::Mount, card_.Str());
@@ -214,45 +202,31 @@ TEST_F(SidebarViewTest, AMountedCardIsOpenedDownToItsNumberedFolderAndSelected) 
 }
 
 // A card whose folders do not answer: its row shows at once, plain and closed, the window's
-// events keep coming, and when the card answers at last it is opened and selected. The same
-// card pulled while stuck, or the sidebar closed while stuck, leaves nothing waiting.
+// events keep coming, and when the card answers at last it is opened and selected.
 TEST_F(SidebarViewTest, ACardThatDoesNotAnswerHoldsNeitherTheWindowNorItsEnd) {
-    for (const bool release : {true, false}) {
-        SCOPED_TRACE(release ? "answers at last" : "pulled while stuck");
-        auto gate = std::make_shared<test::GateLister>(card_.Str());
-        MakeView(gate);
-        ASSERT_TRUE(Settled());
-        seen_.clear();
-        view_->getPost(Event::Mount, card_.Str());
-        const int row = Row(card_.Str());
-        ASSERT_GT(row, 0);
-        int beats = 0;
-        QTimer heartbeat;
-        QObject::connect(&heartbeat, &QTimer::timeout, [&] { ++beats; });
-        heartbeat.start(1);
-        ASSERT_TRUE(QTest::qWaitFor([&] { return beats >= 20 && gate->Waiting(); }, 10000));
-        const QModelIndex index = view_->IndexOfRow(row);
-        EXPECT_FALSE(view_->model()->hasChildren(index));
-        EXPECT_TRUE(seen_.empty());
-        if (release) {
-            gate->Release();
-            ASSERT_TRUE(QTest::qWaitFor([&] { return !seen_.empty(); }, 10000));
-            EXPECT_EQ(Selected(), card_.Str("DCIM/100CANON"));
-            EXPECT_TRUE(IsOpen(card_.Str()));
-            continue;
-        }
-        view_->getPost(Event::Unmount, card_.Str());
-        EXPECT_EQ(Row(card_.Str()), -1);
-        seen_.clear();
-        gate->Release();
-        ASSERT_TRUE(QTest::qWaitFor([&] { return !gate->Waiting(); }, 10000));
-        QTest::qWait(50);  // the late answers arrive, and no row takes them
-        EXPECT_TRUE(seen_.empty());
-    }
+    auto stuck = std::make_shared<test::GateLister>(card_.Str());
+    MakeView(stuck);
+    ASSERT_TRUE(Settled());
+    view_->getPost(Event::Mount, card_.Str());
+    const int row = Row(card_.Str());
+    ASSERT_GT(row, 0);
+    int beats = 0;
+    QTimer heartbeat;
+    QObject::connect(&heartbeat, &QTimer::timeout, [&] { ++beats; });
+    heartbeat.start(1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return beats >= 20 && stuck->Waiting(); }, 10000));
+    EXPECT_FALSE(view_->model()->hasChildren(view_->IndexOfRow(row)));
+    EXPECT_TRUE(seen_.empty());
+    stuck->Release();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !seen_.empty(); }, 10000));
+    EXPECT_EQ(Selected(), card_.Str("DCIM/100CANON"));
+    EXPECT_TRUE(IsOpen(card_.Str()));
+
     // A volume above the card that does not answer holds the card's selection back until the
     // volume is taken away. Then the view is closed while a worker still waits in it.
     auto gate = std::make_shared<test::GateLister>(v1_.Str());
     MakeView(gate);
+    seen_.clear();
     view_->Model().Rebuild([&] { view_->Tree().MakeTable({v1_.Str()}); });
     view_->getPost(Event::Mount, card_.Str());
     ASSERT_TRUE(QTest::qWaitFor([&] { return gate->Waiting() && Row(card_.Str()) > 0; }, 10000));
