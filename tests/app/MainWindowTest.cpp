@@ -481,6 +481,7 @@ TEST_F(MainWindowTest, ToolbarAndMenuItemsReachTheirCommandsAndFollowTheScanAndT
         {bar->Action(MenuItem::EditCopy), "",
          [&] { return QGuiApplication::clipboard()->image().size() == QSize(100, 75); }},
         {bar->Action(MenuItem::EditSelectAll), "", [&] { return w_->Selection().pCidxFlg == 2; }},
+        {tb->ActionFor(602), "", [&] { return written("IMG_0002.jpg"); }},
         {tb->ActionFor(609), "キャンセル",
          [&] { return prefsShown == 1 && !fs::exists(settings); }},
         {bar->Action(MenuItem::EditPref), "保存",
