@@ -37,6 +37,8 @@ std::size_t ThumbnailCache::Prefetch(const std::vector<ItemRecord>& items, std::
         if (!items[i].thumb.IsNull())
             band += static_cast<std::size_t>(std::max(0, items[i].w)) *
                     static_cast<std::size_t>(std::max(0, items[i].h)) * 3;
+    maxBytes_ = std::clamp(2 * band, baseBytes_, ceiling_);
+    MakeRoom(0);
     if (band > maxBytes_ / 2) return 0;
     std::size_t decoded = 0;
     for (std::size_t i = first; i < last && decoded < limit; ++i) {

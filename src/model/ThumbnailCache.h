@@ -3,6 +3,7 @@
 // only their stored thumbnails, and the visible band and what was shown last stay decoded, so
 // a repaint in place decodes nothing. The least recently drawn picture goes first. Qt-free;
 // used on the main thread only.
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <list>
@@ -16,19 +17,26 @@ namespace lumivex {
 
 class ThumbnailCache {
   public:
-    // About 290 thumbnails of 160 x 120: three screens of a full-HD pane, while the stored
-    // thumbnails of a big card take several hundred megabytes already.
+    // About 290 thumbnails of 160 x 120: three screens of a window of ordinary size, while the
+    // stored thumbnails of a big card take several hundred megabytes already. A larger pane
+    // raises the bound through Prefetch, up to kCeilingBytes.
     static constexpr std::size_t kDefaultBytes = 16u << 20;
+    static constexpr std::size_t kCeilingBytes = 256u << 20;
 
-    explicit ThumbnailCache(std::size_t maxBytes = kDefaultBytes) : maxBytes_(maxBytes) {}
+    explicit ThumbnailCache(std::size_t maxBytes = kDefaultBytes,
+                            std::size_t ceiling = kCeilingBytes)
+        : baseBytes_(maxBytes), maxBytes_(maxBytes), ceiling_(std::max(ceiling, maxBytes)) {}
 
     // The shown picture of item `index` of the list: decoded on a miss, or when the item was
     // turned since. Valid until the next Get or Clear. A picture larger than the bound is
     // handed out but not kept.
     const Picture& Get(std::size_t index, const ItemRecord& item);
     // Decodes up to `limit` pictures of items [first, last) that are not held, for a band the
-    // pane is likely to show next; the number decoded, 0 when the band is complete. A band
-    // larger than half the bound is left alone, so that it never pushes out what is shown.
+    // pane is likely to show next; the number decoded, 0 when the band is complete. The bound
+    // follows the band: twice its bytes, never below the bound the cache was made with nor
+    // above the ceiling, so that a pane of any size keeps what it shows and its neighbours. A
+    // band larger than half the bound even then is left alone, so that it never pushes out
+    // what is shown.
     std::size_t Prefetch(const std::vector<ItemRecord>& items, std::size_t first, std::size_t last,
                          std::size_t limit);
     // A new list: every picture is forgotten.
@@ -52,7 +60,9 @@ class ThumbnailCache {
     void Drop(Order::iterator it);
     void MakeRoom(std::size_t bytes);
 
+    std::size_t baseBytes_;
     std::size_t maxBytes_;
+    std::size_t ceiling_;
     std::size_t bytes_ = 0;
     Order lru_;
     std::unordered_map<std::size_t, Order::iterator> byIndex_;

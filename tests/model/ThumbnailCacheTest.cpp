@@ -70,29 +70,41 @@ TEST(ThumbnailCache, KeepsWithinItsBoundAndDropsTheLeastRecentlyDrawn) {
     EXPECT_EQ(cache.Bytes(), 0u);
 }
 
-// The band next to the shown one is filled a few pictures per call until it is complete; a
-// band that would take more than half the room is left alone, as is an item without a picture.
+// The band next to the shown one is filled a few pictures per call until it is complete, an
+// item without a picture left out; the bound grows to twice a larger band, up to its ceiling,
+// and comes back to where it started with a small band.
 TEST(ThumbnailCache, PrefetchFillsANeighbouringBandAFewAtATime) {
-    ThumbnailCache cache(10 * kOne);
+    ThumbnailCache cache(10 * kOne, 16 * kOne);
     std::vector<ItemRecord> items;
     for (std::uint8_t i = 0; i < 8; ++i)
         items.push_back(Item(i));
     items[3].thumb = StoredThumbnail();
     cache.Get(1, items[1]);
     const struct {
-        std::size_t first, last, limit, decoded;
+        std::size_t first, last, limit, decoded, bound;
     } steps[] = {
-        {0, 6, 2, 2},   // 0 and 2: 1 is held already
-        {0, 6, 2, 2},   // 4 and 5: 3 has no picture
-        {0, 6, 2, 0},   // complete
-        {0, 8, 9, 0},   // eight pictures: more than half the room
-        {6, 99, 9, 2},  // the band ends with the list
+        {0, 6, 2, 2, 10},   // 0 and 2: 1 is held already
+        {0, 6, 2, 2, 10},   // 4 and 5: 3 has no picture
+        {0, 6, 2, 0, 10},   // complete
+        {0, 99, 9, 2, 14},  // seven pictures, to the list's end: the bound grows to 14
+        {0, 2, 9, 0, 10},   // a small band: back to 10
     };
-    for (const auto& s : steps)
-        EXPECT_EQ(cache.Prefetch(items, s.first, s.last, s.limit), s.decoded) << s.first;
+    for (const auto& s : steps) {
+        EXPECT_EQ(cache.Prefetch(items, s.first, s.last, s.limit), s.decoded) << s.last;
+        EXPECT_EQ(cache.MaxBytes(), s.bound * kOne) << s.last;
+    }
     for (std::size_t i : {0, 1, 2, 4, 5, 6, 7})
         EXPECT_TRUE(cache.Holds(i, 0)) << i;
     EXPECT_EQ(cache.Get(5, items[5]), items[5].Shown());
+
+    // Past the ceiling the band is left alone, and the bound shrinks to what it held.
+    ThumbnailCache small(2 * kOne, 4 * kOne);
+    EXPECT_EQ(small.Prefetch(items, 0, 8, 9), 0u);
+    EXPECT_EQ(small.MaxBytes(), 4 * kOne);
+    ThumbnailCache shrinking(kOne, 8 * kOne);
+    shrinking.Prefetch(items, 0, 2, 9);
+    EXPECT_EQ(shrinking.Prefetch(items, 5, 6, 9), 1u);
+    EXPECT_EQ(shrinking.Count(), 2u);
 }
 
 // An item turned by its orientation tag and then by the user shows, after its picture was
