@@ -1,8 +1,6 @@
 #include "scan/BatchExtractor.h"
 
-#include <algorithm>
 #include <cerrno>
-#include <thread>
 
 #include "core/ErrorText.h"
 #include "core/Globals.h"
@@ -68,16 +66,11 @@ void BatchExtractor::Extract(const std::filesystem::path& folder, ScanOptions op
                              const std::function<void(std::size_t)>& onProgress) {
     std::error_code ec;
     const bool sameFolder = std::filesystem::equivalent(folder, target, ec);
+    options.noThumb = false;  // a placeholder is no thumbnail to extract
     const FolderScan listing(folder, options);
     const auto& names = listing.Entries();
-    const unsigned threads = std::clamp<unsigned>(
-        options.threads ? options.threads : std::thread::hardware_concurrency(), 1, 16);
-    std::vector<ExifReader> readers(threads);
-    for (ExifReader& x : readers) {
-        x.Orientation = options.orientation;
-        x.NoThumb = false;  // a placeholder is no thumbnail to extract
-        x.ReadAllTags = false;
-    }
+    std::vector<ExifReader> readers = FolderScan::Readers(options);
+    const auto threads = static_cast<unsigned>(readers.size());
     // Reading, decoding and encoding run on every thread; the files are written here, in name
     // order, so that of two sources with one target name the first still wins.
     OrderedParallel<Encoded>::Run(

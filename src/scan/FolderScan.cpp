@@ -65,21 +65,27 @@ void FolderScan::Read(ExifReader& x, std::size_t i, Slot& slot) const {
                          x.Thumbnail.Width(), x.Thumbnail.Height(), x.Rotate};
 }
 
-ScanStats FolderScan::Run(const ItemHandler& onItem, const SkipHandler& onSkip) {
-    ScanStats stats;
-    stats.entries = names_.size();
+std::vector<ExifReader> FolderScan::Readers(const ScanOptions& options) {
     // At least two files in flight even on one core: on a cold card one thread's read then
     // overlaps the other's parsing, which halves the scan; more than the cores measured no
     // faster cold at 25 MB/s and slower warm.
-    unsigned threads =
-        options_.threads ? options_.threads : std::max(2u, std::thread::hardware_concurrency());
-    threads = std::clamp<unsigned>(threads, 1, 16);
+    const unsigned threads = std::clamp<unsigned>(
+        options.threads ? options.threads : std::max(2u, std::thread::hardware_concurrency()), 1,
+        16);
     std::vector<ExifReader> readers(threads);
     for (ExifReader& x : readers) {
-        x.Orientation = options_.orientation;
-        x.NoThumb = options_.noThumb;
+        x.Orientation = options.orientation;
+        x.NoThumb = options.noThumb;
         x.ReadAllTags = false;
     }
+    return readers;
+}
+
+ScanStats FolderScan::Run(const ItemHandler& onItem, const SkipHandler& onSkip) {
+    ScanStats stats;
+    stats.entries = names_.size();
+    std::vector<ExifReader> readers = Readers(options_);
+    const auto threads = static_cast<unsigned>(readers.size());
     stats.examined = OrderedParallel<Slot>::Run(
         names_.size(), threads, kLookAhead,
         [&](unsigned w, std::size_t i, Slot& slot) { Read(readers[w], i, slot); },

@@ -54,6 +54,9 @@ class FolderScan {
     // then has to be faulted in (64 cost a scan a tenth of its time in page faults).
     static constexpr std::size_t kLookAhead = 16;
 
+    // The readers of a scan with `options`: one per file read at once, each set up as asked.
+    static std::vector<ExifReader> Readers(const ScanOptions& options);
+
   private:
     struct Slot;
     // Reads entry i with reader x into its slot.
