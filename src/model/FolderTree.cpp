@@ -127,15 +127,6 @@ bool FolderTree::ShownFolderPath(const fs::path& folder, const std::string& name
     return true;
 }
 
-FolderTree::Rows& FolderTree::GetChild(RowRecord& item) {
-    if (!item.children) {
-        Rows rows;
-        if (!item.path.empty()) MakeList(rows, item.path, &item);
-        item.children = std::move(rows);
-    }
-    return *item.children;
-}
-
 bool FolderTree::MakeListDisp(std::string_view name) {
     static constexpr std::array<std::string_view, 7> kHidden = {
         "Desktop Folder", "Trash", "automount", "Network", "var", "etc", "tmp"};

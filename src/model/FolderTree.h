@@ -63,9 +63,6 @@ class FolderTree {
                                 bool alias, RowRecord* parent = nullptr);
     // Appends a row for each shown subfolder of `folder`, in name order, reading it now.
     void MakeList(Rows& array, const std::filesystem::path& folder, RowRecord* parent = nullptr);
-    // The rows below `item`, read now on the first call and kept.
-    Rows& GetChild(RowRecord& item);
-
     // Asks for the rows below `item` once, unless they are there.
     void AskChildren(RowRecord& item);
     // Asks each volume row whether it holds camera media; a new search replaces an earlier one.
@@ -102,7 +99,6 @@ class FolderTree {
     // Only names that pass the settings' extension groups (gChkGx's test) are read, and only
     // their heads; the first hit ends the walk.
     static std::string HasExifFile(const std::string& path, const FolderTreeOptions& options);
-    std::string HasExifFile(const std::string& path) const { return HasExifFile(path, options_); }
 
     Rows& DataArray() { return dataArray_; }
     const Rows& DataArray() const { return dataArray_; }

@@ -15,6 +15,13 @@ namespace {
 namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
 
+// The rows below `row`, asked for and answered at once, as a worker would.
+RowRecord::Rows& Children(FolderTree& tree, RowRecord& row) {
+    tree.AskChildren(row);
+    tree.Settle();
+    return *row.children;
+}
+
 Names NamesOf(const RowRecord::Rows& rows, std::size_t from = 0) {
     Names names;
     for (std::size_t i = from; i < rows.size(); ++i)
@@ -87,14 +94,14 @@ TEST_F(FolderTreeTest, ChildrenLoadOnceAndHideTheSameNamesAtEveryDepth) {
     FolderTree tree = Tree();
     tree.MakeTable({});
     RowRecord& b = *tree.DataArray()[3];
-    RowRecord::Rows& first = tree.GetChild(b);
+    RowRecord::Rows& first = Children(tree, b);
     EXPECT_EQ(NamesOf(first), Names{"x"});
     EXPECT_EQ(first[0]->parent, &b);
     desk_.Dirs({"b/new"});
-    EXPECT_EQ(&tree.GetChild(b), &first);  // never refreshed
-    EXPECT_EQ(NamesOf(tree.GetChild(b)), Names{"x"});
+    EXPECT_EQ(&Children(tree, b), &first);  // never refreshed
+    EXPECT_EQ(NamesOf(Children(tree, b)), Names{"x"});
     tree.MakeTable({});
-    EXPECT_EQ(NamesOf(tree.GetChild(*tree.DataArray()[3])), (Names{"new", "x"}));
+    EXPECT_EQ(NamesOf(Children(tree, *tree.DataArray()[3])), (Names{"new", "x"}));
 }
 
 TEST_F(FolderTreeTest, LinkLoopsNeitherHangNorShow) {
@@ -103,11 +110,11 @@ TEST_F(FolderTreeTest, LinkLoopsNeitherHangNorShow) {
     FolderTree tree = Tree();
     tree.MakeTable({});
     EXPECT_EQ(NamesOf(tree.DataArray(), 1), shown_);
-    RowRecord& x = *tree.GetChild(*tree.DataArray()[3])[0];
-    ASSERT_EQ(tree.GetChild(x).size(), 1u);
-    RowRecord& up = *tree.GetChild(x)[0];
+    RowRecord& x = *Children(tree, *tree.DataArray()[3])[0];
+    ASSERT_EQ(Children(tree, x).size(), 1u);
+    RowRecord& up = *Children(tree, x)[0];
     EXPECT_EQ(up.path, fs::canonical(desk_.Path()).string());
-    EXPECT_EQ(NamesOf(tree.GetChild(up)), shown_);
+    EXPECT_EQ(NamesOf(Children(tree, up)), shown_);
 }
 
 TEST_F(FolderTreeTest, SubfolderMarkCountsHiddenNamesButNotPackagesOrDots) {
@@ -129,7 +136,7 @@ TEST_F(FolderTreeTest, SubfolderMarkCountsHiddenNamesButNotPackagesOrDots) {
     const auto at = std::find(names.begin(), names.end(), "onlytmp") - names.begin();
     RowRecord& onlytmp = *tree.DataArray()[static_cast<std::size_t>(at)];
     EXPECT_TRUE(onlytmp.IsExpandable());
-    EXPECT_TRUE(tree.GetChild(onlytmp).empty());
+    EXPECT_TRUE(Children(tree, onlytmp).empty());
 }
 
 TEST_F(FolderTreeTest, ExifMarkReadsOnlyDirectPictures) {
@@ -153,7 +160,9 @@ TEST_F(FolderTreeTest, ExifMarkReadsOnlyDirectPictures) {
         {"dironly", true, false, "false"},  {"gone", true, false, "false"},
     };
     for (const auto& c : cases)
-        EXPECT_EQ(Tree(c.markExif, c.noThumb).HasExifFile(pics.Str(c.folder)), c.exif)
+        EXPECT_EQ(
+            FolderTree::HasExifFile(pics.Str(c.folder), Tree(c.markExif, c.noThumb).Options()),
+            c.exif)
             << c.folder << " " << c.markExif << c.noThumb;
     // The switch off marks no row, even of a folder full of pictures.
     desk_.Picture("b/IMG_0001.JPG");
