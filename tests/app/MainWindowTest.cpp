@@ -23,6 +23,7 @@
 #include <fstream>
 #include <functional>
 
+#include "CameraFiles.h"
 #include "ExifJpegBuilder.h"
 #include "ScratchDir.h"
 #include "ScriptedPrompter.h"
@@ -65,23 +66,11 @@ class MainWindowTest : public ::testing::Test {
         EXPECT_TRUE(QTest::qWaitForWindowExposed(w_));
         return w_;
     }
-    // `names` pictures with thumbnails w x h in `dir`, written out of name order.
     static fs::path Folder(const fs::path& dir, std::vector<std::string> names, int w = 100,
                            int h = 75) {
-        fs::create_directories(dir);
-        fixtures::ExifJpegBuilder b;
-        b.Ifd0().Ascii(0x010F, "M");
-        b.JpegThumbnail(w, h);
-        for (auto it = names.rbegin(); it != names.rend(); ++it)
-            b.Write(dir / *it);
-        return dir;
+        return fixtures::WriteCameraFolder(dir, names, w, h);
     }
-    static std::vector<std::string> Numbered(int count) {
-        std::vector<std::string> names;
-        for (int i = 0; i < count; ++i)
-            names.push_back("IMG_" + std::to_string(10000 + i) + ".JPG");
-        return names;
-    }
+    static std::vector<std::string> Numbered(int count) { return fixtures::NumberedNames(count); }
     bool Scan(const fs::path& dir) {
         QSignalSpy done(w_, &MainWindow::scanFinished);
         w_->SelFolder1(dir.string());
