@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "ExifJpegBuilder.h"
+#include "CameraFiles.h"
 #include "ScratchDir.h"
 #include "core/JpegCodec.h"
 #include "core/Settings.h"
@@ -33,15 +33,6 @@ class ScanTest : public ::testing::Test {
         prefs_.InitAll();
     }
     fs::path Card() const { return dir_.path() / "card"; }
-    void Camera(const std::string& name, int width = 32, bool thumbnail = true) const {
-        fixtures::ExifJpegBuilder b;
-        b.Ifd0().Ascii(0x010F, "M");
-        if (thumbnail) b.JpegThumbnail(width, 24);
-        b.Write(Card() / name);
-    }
-    void Text(const std::string& name, const std::string& text) const {
-        std::ofstream(Card() / name) << text;
-    }
     ScanOptions Options(unsigned threads = 2) const {
         ScanOptions o = ScanOptions::FromSettings(prefs_);
         o.threads = threads;
@@ -59,12 +50,12 @@ class ScanTest : public ::testing::Test {
 };
 
 TEST_F(ScanTest, NameOrderFilterAndSkips) {
-    Camera("b.JPG", 40);
-    Camera("a.jpg", 32);
-    Camera("Z.JPEG", 48);
-    Camera("d.jpg", 32, false);  // Exif without a thumbnail
-    Text("c.txt", "not a picture");
-    Text("e.tif", "II*\0");
+    fixtures::WriteCamera(Card() / "b.JPG", 40, 24);
+    fixtures::WriteCamera(Card() / "a.jpg", 32, 24);
+    fixtures::WriteCamera(Card() / "Z.JPEG", 48, 24);
+    fixtures::WriteCamera(Card() / "d.jpg", 0, 24);  // Exif without a thumbnail
+    std::ofstream(Card() / "c.txt") << "not a picture";
+    std::ofstream(Card() / "e.tif") << "II*";
     fs::create_directory(Card() / "sub.jpg");
     std::vector<std::string> items, skips;
     FolderScan scan(Card(), Options());
@@ -88,27 +79,12 @@ TEST_F(ScanTest, NameOrderFilterAndSkips) {
     EXPECT_EQ(Items(Options()), std::vector<std::string>());
 }
 
-// The order across threads is the engine's; here only that a stop ends the scan where it is.
-TEST_F(ScanTest, StopKeepsWhatWasHandedOut) {
-    for (int i = 0; i < 40; ++i)
-        Camera("IMG_" + std::to_string(1000 + i) + ".JPG");
-    FolderScan scan(Card(), Options(3));
-    std::vector<std::string> kept;
-    const ScanStats stats = scan.Run([&](ScanItem&& item) {
-        kept.push_back(item.fname);
-        if (kept.size() == 5) scan.Stop();
-    });
-    EXPECT_TRUE(stats.stopped);
-    EXPECT_EQ(kept.back(), "IMG_1004.JPG");
-    EXPECT_EQ(scan.Progress(), 5u);
-}
-
 TEST_F(ScanTest, BatchExtractionNeverReplacesAFile) {
-    Camera("IMG_1.JPG", 40);
-    Camera("IMG_1.jpeg", 44);  // same target name as the one before
-    Camera("IMG_2.JPG", 32);
-    Camera("plain.jpg", 32, false);
-    Text("notes.txt", "x");
+    fixtures::WriteCamera(Card() / "IMG_1.JPG", 40, 24);
+    fixtures::WriteCamera(Card() / "IMG_1.jpeg", 44, 24);  // same target name as the one before
+    fixtures::WriteCamera(Card() / "IMG_2.JPG", 32, 24);
+    fixtures::WriteCamera(Card() / "plain.jpg", 0, 24);
+    std::ofstream(Card() / "notes.txt") << "x";
     const auto records = BatchExtractor::Collect(Card(), Options());
     ASSERT_EQ(records.size(), 4u);  // notes.txt is no candidate
     EXPECT_TRUE(BatchExtractor::HasThumbnail(records));
@@ -132,9 +108,20 @@ TEST_F(ScanTest, BatchExtractionNeverReplacesAFile) {
     EXPECT_EQ(same.skipped.size(), 3u);
 }
 
-TEST_F(ScanTest, BatchExtractionReportsProgressAndStops) {
-    for (int i = 0; i < 40; ++i)
-        Camera("IMG_" + std::to_string(100 + i) + ".JPG");
+// The order across threads is the engine's; here a stop ends the scan, the reading and the
+// writing where they are, and both report their progress.
+TEST_F(ScanTest, ProgressAndStops) {
+    fixtures::WriteCameraFolder(Card(), fixtures::NumberedNames(40), 32, 24);
+    FolderScan scan(Card(), Options(3));
+    std::vector<std::string> kept;
+    const ScanStats stats = scan.Run([&](ScanItem&& item) {
+        kept.push_back(item.fname);
+        if (kept.size() == 5) scan.Stop();
+    });
+    EXPECT_TRUE(stats.stopped);
+    EXPECT_EQ(kept.back(), "IMG_10004.JPG");
+    EXPECT_EQ(scan.Progress(), 5u);
+
     const fs::path out = dir_.path() / "out";
     fs::create_directories(out);
 
