@@ -16,6 +16,7 @@
 #include <string>
 #include <vector>
 
+#include "CameraFiles.h"
 #include "ExifJpegBuilder.h"
 #include "ScratchDir.h"
 
@@ -100,12 +101,12 @@ inline bool TinyFileLimit() {
     return ::setrlimit(RLIMIT_FSIZE, &limit) == 0;
 }
 
-// A camera picture; `thumb` gives it its thumbnail, if any.
+// A camera picture whose thumbnail `thumb` gives.
 inline fixtures::Layout Camera(const std::filesystem::path& file,
-                               const std::function<void(fixtures::ExifJpegBuilder&)>& thumb = {}) {
+                               const std::function<void(fixtures::ExifJpegBuilder&)>& thumb) {
     fixtures::ExifJpegBuilder b;
     b.Ifd0().Ascii(0x010F, "M");
-    if (thumb) thumb(b);
+    thumb(b);
     return b.Write(file);
 }
 

@@ -15,71 +15,36 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(ScanCommand, ItemsInNameOrderSkipsAndCost) {
+// Any number of files in flight from 1 to 16 gives the same items in the same order; other
+// counts are refused before anything is read.
+TEST(ScanCommand, ItemsInNameOrderSkipsCostAndThreads) {
     fixtures::ScratchDir dir;
-    Camera(dir.path() / "b.JPG",
-           [](auto& b) { b.JpegThumbnail(40, 24).Ifd1().Short(0x0112, {1}); });
+    fixtures::WriteCamera(dir.path() / "b.JPG", 40, 24);
     Camera(dir.path() / "a.jpg",
            [](auto& b) { b.JpegThumbnail(32, 24).Ifd1().Short(0x0112, {6}); });
     std::ofstream(dir.path() / "c.txt") << "x";
     const Output o = RunCommand<ScanCommand>({"--verbose", dir.path()});
+    const std::string items = "a.jpg 24x32 1\nb.JPG 40x24 0\n";
     EXPECT_EQ(o.status, 0);
-    EXPECT_EQ(o.out.substr(0, o.out.find("files")), "a.jpg 24x32 1\nb.JPG 40x24 0\n");
+    EXPECT_EQ(o.out.substr(0, o.out.find("files")), items);
     ExpectPieces(o.out, {"files 3, items 2, bytes read "});
     EXPECT_EQ(o.err, "skip: c.txt: 画像ファイルの拡張子ではありません\n");
     EXPECT_EQ(RunCommand<ScanCommand>({dir.path()}).err, "");
     EXPECT_EQ(RunCommand<ScanCommand>({dir.path() / "none"}).status, 1);
-}
-
-// Any number of files in flight from 1 to 16 gives the same items in the same order; other
-// counts are refused before anything is read.
-TEST(ScanCommand, ThreadsGiveTheSameItemsAndAreBounded) {
-    fixtures::ScratchDir dir;
-    for (const char* name : {"c.jpg", "a.jpg", "b.jpg"})
-        Camera(dir.path() / name, [](auto& b) { b.JpegThumbnail(32, 24); });
-    const std::string items = "a.jpg 32x24 0\nb.jpg 32x24 0\nc.jpg 32x24 0\n";
     const struct {
         const char* threads;
         int status;
     } cases[] = {{"1", 0}, {"16", 0}, {"0", 2}, {"17", 2}, {"2x", 2}, {"", 2}};
     for (const auto& c : cases) {
-        const Output o = RunCommand<ScanCommand>({"--threads", c.threads, dir.path()});
-        EXPECT_EQ(o.status, c.status) << c.threads;
-        EXPECT_EQ(o.out.substr(0, o.out.find("files")), c.status == 0 ? items : "") << c.threads;
+        const Output t = RunCommand<ScanCommand>({"--threads", c.threads, dir.path()});
+        EXPECT_EQ(t.status, c.status) << c.threads;
+        EXPECT_EQ(t.out.substr(0, t.out.find("files")), c.status == 0 ? items : "") << c.threads;
     }
 }
 
-// A folder that cannot be listed is an error with its reason, never an empty folder.
-TEST(ScanCommand, UnreadableFolderFailsEveryCommand) {
-    fixtures::ScratchDir dir;
-    fs::permissions(dir.path(), fs::perms::all);  // the unprivileged child walks in too
-    const fs::path card = dir.path() / "card";
-    fs::create_directories(card);
-    std::ofstream(card / "a.jpg") << "x";
-    fs::permissions(card, fs::perms::owner_exec);  // can be entered, not listed
-    using Runner =
-        std::optional<Output> (*)(const std::vector<std::string>&, const std::function<bool()>&);
-    const struct {
-        Runner run;
-        std::vector<std::string> args;
-    } cases[] = {
-        {RunInChild<ScanCommand>, {card}},
-        {RunInChild<ThumbsCommand>, {"--out", dir.path() / "out", card}},
-        {RunInChild<ThumbsCommand>, {"--raw", "--out", dir.path() / "raw", card}},
-    };
-    for (const auto& c : cases) {
-        const auto o = c.run(c.args, Unprivileged);
-        if (!o) GTEST_SKIP() << "cannot drop privileges here";
-        EXPECT_EQ(o->status, 1) << c.args[0];
-        EXPECT_EQ(o->err, "lumivex: " + card.string() +
-                              ": フォルダを読み込めません（アクセス権がありません）。\n");
-        EXPECT_EQ(o->out, "");
-    }
-    EXPECT_FALSE(fs::exists(dir.path() / "out"));  // nothing made for a run that cannot be
-}
-
-// Entries that cannot be read get one reason, the true one, from every command.
-TEST(ScanCommand, SkipReasonsAgreeAcrossCommands) {
+// Entries that cannot be read get one reason, the true one, from every command; a folder that
+// cannot be listed is an error with its reason, never an empty folder.
+TEST(ScanCommand, SkipReasonsAndUnreadableFoldersAgreeAcrossCommands) {
     fixtures::ScratchDir dir;
     const fs::path card = dir.path() / "card\x1b\xff";  // shown escaped, opened as it is
     fs::create_directories(card / "dir.jpg");
@@ -99,6 +64,31 @@ TEST(ScanCommand, SkipReasonsAgreeAcrossCommands) {
         EXPECT_EQ(o.status, 0);
         EXPECT_EQ(o.err, skips);
     }
+
+    fs::permissions(dir.path(), fs::perms::all);  // the unprivileged child walks in too
+    const fs::path locked = dir.path() / "locked";
+    fs::create_directories(locked);
+    std::ofstream(locked / "a.jpg") << "x";
+    fs::permissions(locked, fs::perms::owner_exec);  // can be entered, not listed
+    using Runner =
+        std::optional<Output> (*)(const std::vector<std::string>&, const std::function<bool()>&);
+    const struct {
+        Runner run;
+        std::vector<std::string> args;
+    } cases[] = {
+        {RunInChild<ScanCommand>, {locked}},
+        {RunInChild<ThumbsCommand>, {"--out", dir.path() / "new", locked}},
+        {RunInChild<ThumbsCommand>, {"--raw", "--out", dir.path() / "raw", locked}},
+    };
+    for (const auto& c : cases) {
+        const auto o = c.run(c.args, Unprivileged);
+        if (!o) GTEST_SKIP() << "cannot drop privileges here";
+        EXPECT_EQ(o->status, 1) << c.args[0];
+        EXPECT_EQ(o->err, "lumivex: " + locked.string() +
+                              ": フォルダを読み込めません（アクセス権がありません）。\n");
+        EXPECT_EQ(o->out, "");
+    }
+    EXPECT_FALSE(fs::exists(dir.path() / "new"));  // nothing made for a run that cannot be
 }
 
 }  // namespace

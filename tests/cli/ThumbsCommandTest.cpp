@@ -31,7 +31,7 @@ TEST(ThumbsCommand, WritesEachThumbnailOnceAndKeepsExistingFiles) {
     const fixtures::Layout la =
         Camera(card / "a.JPG", [](auto& b) { b.JpegThumbnail(48, 32).Ifd1().Short(0x0112, {6}); });
     Camera(card / "b.JPG", [](auto& b) { b.StripThumbnail(8, 4); });
-    Camera(card / "c.JPG");
+    fixtures::WriteCamera(card / "c.JPG", 0);
     std::ofstream(card / "notes.txt") << "x";
     fs::create_directories(raw);
     std::ofstream(raw / "b.tiff") << "mine";
@@ -82,7 +82,7 @@ TEST(ThumbsCommand, FailedWritesAreReportedAndFailTheRun) {
     fs::create_directories(locked);
     fs::permissions(locked, fs::perms::owner_write | fs::perms::group_write,
                     fs::perm_options::remove);
-    Camera(card / "a.JPG", [](auto& b) { b.JpegThumbnail(40, 30); });
+    fixtures::WriteCamera(card / "a.JPG", 40, 30);
     const struct {
         std::vector<std::string> args;
         bool (*setup)();
