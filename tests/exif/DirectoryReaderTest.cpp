@@ -93,18 +93,18 @@ TEST(DirectoryReader, StoredValuesInBothByteOrders) {
     for (const auto order : BothOrders()) {
         for (const Case& c : cases) {
             SCOPED_TRACE(std::string(c.name) + (order == ByteOrder::Little ? " (II)" : " (MM)"));
-            ExifJpegBuilder b = WithMake(order);
-            Ifd& target = c.dir == kIfd0   ? b.Ifd0().Remove(0x010F)
-                          : c.dir == kIfd1 ? b.Ifd1()
-                          : c.dir == kExif ? b.Exif()
-                                           : b.Gps();
-            c.add(target);
-            if (target.empty()) target.Short(0x0128, {2});  // IFD0 needs an entry to be Exif
+            ExifJpegBuilder b(order);
+            Ifd* dirs[] = {&b.Ifd0(), &b.Ifd1(), &b.Exif(), &b.Gps()};
+            c.add(*dirs[c.dir]);
+            if (b.Ifd0().empty()) b.Ifd0().Short(0x0128, {2});  // IFD0 needs an entry to be Exif
             Loaded l(b);
             ASSERT_TRUE(l.x.ret);
             const ExifDict* dicts[] = {&l.x.IFD0, &l.x.IFD1, &l.x.IFDe, &l.x.IFDg};
             const ExifDict& dict = *dicts[c.dir];
-            ExpectValues(dict, c.expect, "");
+            for (const auto& [key, value] : c.expect) {
+                ASSERT_NE(dict.Find(key), nullptr) << key;
+                EXPECT_EQ(*dict.Find(key), value) << key;
+            }
             for (const auto& key : c.absent)
                 EXPECT_FALSE(dict.Has(key)) << key;
         }

@@ -2,7 +2,6 @@
 // Reads a fixture through ExifReader straight from memory, as the scan reads a file's head.
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -11,7 +10,8 @@
 #include "ExifJpegBuilder.h"
 #include "exif/ExifReader.h"
 
-// The fuzz target, linked in: every bound it checks aborts the test when broken.
+// The fuzz target, linked in: it runs the bytes through every entry point, from memory and
+// from a file, and every bound it checks aborts the test when broken.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace lumivex::test {
@@ -32,11 +32,6 @@ class Loaded {
     Bytes bytes_;
 };
 
-// Runs the bytes through every entry point as the fuzzer does, from memory and from a file.
-inline void FuzzTarget(const std::vector<std::uint8_t>& bytes) {
-    LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
-}
-
 // Stored values by kind: whole number, number, text.
 inline const auto I = [](std::int64_t v) { return ExifValue(v); };
 inline const auto D = [](double v) { return ExifValue(v); };
@@ -52,15 +47,6 @@ inline fixtures::ExifJpegBuilder WithMake(fixtures::ByteOrder order = fixtures::
     fixtures::ExifJpegBuilder b(order);
     b.Ifd0().Ascii(0x010F, make);
     return b;
-}
-
-// Each key holds exactly its value.
-inline void ExpectValues(const ExifDict& d, const Values& want, const std::string& what) {
-    for (const auto& [key, value] : want) {
-        const ExifValue* got = d.Find(key);
-        ASSERT_NE(got, nullptr) << what << ": " << key;
-        EXPECT_EQ(*got, value) << what << ": " << key;
-    }
 }
 
 }  // namespace lumivex::test

@@ -26,7 +26,7 @@ void RunLikeFuzzer(const Bytes& bytes, FuzzRun& r) {
     r.size = bytes.size();
     r.tags.fbytes = bytes;
     r.tags.GetExif();
-    FuzzTarget(bytes);  // the bounds every input must keep
+    LLVMFuzzerTestOneInput(bytes.data(), bytes.size());  // the bounds every input must keep
     ExifReader x;
     x.fbytes = bytes;
     x.GetThumbNail();

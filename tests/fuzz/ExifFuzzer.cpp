@@ -4,6 +4,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -28,10 +29,7 @@ void Require(bool ok, const char* what) {
 }
 
 std::size_t Lines(const std::string& text) {
-    std::size_t n = 0;
-    for (const char c : text)
-        n += c == '\r';
-    return n;
+    return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\r'));
 }
 
 // No directory can hold more entries than the bytes it stands on, plus the one zero entry
@@ -110,12 +108,8 @@ void FuzzSaveThumbNail(ExifReader& x, std::span<const std::uint8_t> bytes) {
 void FuzzFileMatchesMemory(std::span<const std::uint8_t> bytes, bool flags) {
     static const int fd = ::memfd_create("lumivex-fuzz", MFD_CLOEXEC);
     if (bytes.empty() || fd < 0 || ::ftruncate(fd, 0) != 0) return;
-    for (std::size_t done = 0; done < bytes.size();) {
-        const ssize_t w =
-            ::pwrite(fd, bytes.data() + done, bytes.size() - done, static_cast<off_t>(done));
-        if (w <= 0) return;
-        done += static_cast<std::size_t>(w);
-    }
+    // A memory file takes every byte in one write.
+    if (::pwrite(fd, bytes.data(), bytes.size(), 0) != static_cast<ssize_t>(bytes.size())) return;
     ExifReader file, memory;
     file.fitem = "/proc/self/fd/" + std::to_string(fd);
     memory.fbytes = bytes;
