@@ -2,7 +2,6 @@
 // exit status for unreadable files.
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <string>
 
@@ -17,7 +16,7 @@ Output RunInfo(const std::vector<std::string>& args) {
     return RunCommand<InfoCommand>(args);
 }
 
-TEST(InfoCommand, JsonTextAndExitStatus) {
+TEST(InfoCommand, JsonTextExitStatusAndControlCharacters) {
     fixtures::ScratchDir dir;
     const std::string a = dir.path() / "a.JPG", b = dir.path() / "b.JPG";
     fixtures::ExifJpegBuilder full(fixtures::ByteOrder::Big);
@@ -59,20 +58,17 @@ TEST(InfoCommand, JsonTextAndExitStatus) {
               "lumivex: " + (dir.path() / "none.jpg").string() + ": ファイルが見つかりません。\n");
     ExpectPieces(missing.out, {"none.jpg\",\"exif\":false", "a.JPG\",\"exif\":true"});
     EXPECT_EQ(RunInfo({}).status, 2);
-}
 
-// Text from a file never reaches the terminal as control characters, and a file name that is
-// not UTF-8 still names its file in JSON.
-TEST(InfoCommand, ControlCharactersAndUndecodableNames) {
-    fixtures::ScratchDir dir;
+    // Text from a file never reaches the terminal as control characters, and a file name that
+    // is not UTF-8 still names its file in JSON.
     const std::string file = dir.path() / "\xff\x1b]0;t\x07.JPG";
-    fixtures::ExifJpegBuilder b;
-    b.Ifd0().Ascii(0x010F, "Ma\x1b[2Jke").Ascii(0x0110, "\xc2\x9b[1m");  // ESC, then C1 CSI
-    b.Write(file);
-    const Output text = RunInfo({file});
-    EXPECT_EQ(text.out.find_first_of("\x1b\x07\r\xff"), std::string::npos) << text.out;
-    EXPECT_EQ(text.out.find("\xc2\x9b"), std::string::npos);
-    ExpectPieces(text.out, {"\\xff\\x1b]0;t\\x07.JPG ==\n", "Ma\\x1b[2Jke\n", "\\u009b[1m\n"});
+    fixtures::ExifJpegBuilder odd;
+    odd.Ifd0().Ascii(0x010F, "Ma\x1b[2Jke").Ascii(0x0110, "\xc2\x9b[1m");  // ESC, then C1 CSI
+    odd.Write(file);
+    const Output escaped = RunInfo({file});
+    EXPECT_EQ(escaped.out.find_first_of("\x1b\x07\r\xff"), std::string::npos) << escaped.out;
+    EXPECT_EQ(escaped.out.find("\xc2\x9b"), std::string::npos);
+    ExpectPieces(escaped.out, {"\\xff\\x1b]0;t\\x07.JPG ==\n", "Ma\\x1b[2Jke\n", "\\u009b[1m\n"});
     const Output json = RunInfo({"--json", file});
     ExpectPieces(json.out,
                  {"\"file\":\"" + dir.path().string() + "/\\udcff\\u001b]0;t\\u0007.JPG\""});

@@ -24,7 +24,7 @@ Bytes ReadBytes(const fs::path& p) {
 
 // Re-encoded files are the pictures the program shows: turned by the thumbnail's orientation and
 // encoded at the highest quality.
-TEST(ThumbsCommand, WritesEachThumbnailOnceAndKeepsExistingFiles) {
+TEST(ThumbsCommand, WritesEachThumbnailOnceKeepsExistingFilesAndReportsFailedWrites) {
     fixtures::ScratchDir dir;
     const fs::path card = dir.path() / "card", raw = dir.path() / "raw", jpg = dir.path() / "jpg";
     fs::create_directories(card);
@@ -69,20 +69,16 @@ TEST(ThumbsCommand, WritesEachThumbnailOnceAndKeepsExistingFiles) {
         ExpectPieces(same.err, {"取り出し先が元のフォルダと同じです"});
         EXPECT_EQ(std::distance(fs::directory_iterator(card), {}), 4) << mode;
     }
-}
 
-// A write that fails, for want of permission or of room, is reported with its reason and fails
-// the run, in either mode; nothing half written is left behind.
-TEST(ThumbsCommand, FailedWritesAreReportedAndFailTheRun) {
-    fixtures::ScratchDir dir;
+    // A write that fails, for want of permission or of room, is reported with its reason and
+    // fails the run, in either mode; nothing half written is left behind.
     fs::permissions(dir.path(), fs::perms::all);  // the unprivileged child walks in too
-    const fs::path card = dir.path() / "card", locked = dir.path() / "locked";
+    const fs::path one = dir.path() / "one", locked = dir.path() / "locked";
     const fs::path full = dir.path() / "full";
-    fs::create_directories(card);
     fs::create_directories(locked);
     fs::permissions(locked, fs::perms::owner_write | fs::perms::group_write,
                     fs::perm_options::remove);
-    fixtures::WriteCamera(card / "a.JPG", 40, 30);
+    fixtures::WriteCameraFolder(one, {"a.JPG"}, 40, 30);
     const struct {
         std::vector<std::string> args;
         bool (*setup)();
@@ -90,18 +86,18 @@ TEST(ThumbsCommand, FailedWritesAreReportedAndFailTheRun) {
         const char* err;
     } cases[] = {
         // clang-format off
-        {{"--raw", "--out", locked, card}, Unprivileged, locked,
+        {{"--raw", "--out", locked, one}, Unprivileged, locked,
          "lumivex: a.JPG: a.JPG を書き込めません（アクセス権がありません）\n"},
-        {{"--out", full, card}, TinyFileLimit, full,
+        {{"--out", full, one}, TinyFileLimit, full,
          "lumivex: a.JPG: a.jpg を書き込めません（ファイルが大きすぎます）\n"},
         // clang-format on
     };
     for (const auto& c : cases) {
-        const auto o = RunInChild<ThumbsCommand>(c.args, c.setup);
-        if (!o) GTEST_SKIP() << "the condition cannot be made here";
-        EXPECT_EQ(o->status, 1) << c.err;
-        EXPECT_EQ(o->err, c.err);
-        ExpectPieces(o->out, {"files 1, written 0, skipped 1,"});
+        const auto child = RunInChild<ThumbsCommand>(c.args, c.setup);
+        if (!child) GTEST_SKIP() << "the condition cannot be made here";
+        EXPECT_EQ(child->status, 1) << c.err;
+        EXPECT_EQ(child->err, c.err);
+        ExpectPieces(child->out, {"files 1, written 0, skipped 1,"});
         EXPECT_TRUE(fs::is_empty(c.target)) << c.target;
     }
 }
