@@ -2,7 +2,7 @@
 // which of them are bold.
 #include <gtest/gtest.h>
 
-#include <array>
+#include <algorithm>
 
 #include "ExifTestSupport.h"
 #include "RealisticCamera.h"
@@ -13,17 +13,6 @@ namespace {
 
 using fixtures::ByteOrder;
 
-std::array<ExifInfoList, 4> AllLists(const ExifReader& x) {
-    return {ExifInfoRows::SelFileExif21(x), ExifInfoRows::SelFileExif22(x),
-            ExifInfoRows::SelFileExif23(x), ExifInfoRows::SelFileExif24(x)};
-}
-
-const ExifInfoRow* Find(const ExifInfoList& rows, const std::string& label) {
-    for (const auto& row : rows)
-        if (row.label == label) return &row;
-    return nullptr;
-}
-
 struct Want {
     int list;
     std::string label;
@@ -31,10 +20,14 @@ struct Want {
     bool present;
 };
 
-void ExpectRows(const std::array<ExifInfoList, 4>& lists, const std::vector<Want>& wants) {
+void ExpectRows(const ExifReader& x, const std::vector<Want>& wants) {
+    const ExifInfoList lists[] = {ExifInfoRows::SelFileExif21(x), ExifInfoRows::SelFileExif22(x),
+                                  ExifInfoRows::SelFileExif23(x), ExifInfoRows::SelFileExif24(x)};
     for (const Want& w : wants) {
-        const ExifInfoRow* row = Find(lists[static_cast<std::size_t>(w.list)], w.label);
-        ASSERT_NE(row, nullptr) << "list " << w.list << ": " << w.label;
+        const ExifInfoList& rows = lists[w.list];
+        const auto row = std::find_if(rows.begin(), rows.end(),
+                                      [&](const ExifInfoRow& r) { return r.label == w.label; });
+        ASSERT_NE(row, rows.end()) << "list " << w.list << ": " << w.label;
         EXPECT_EQ(row->value, w.value) << w.label;
         EXPECT_EQ(row->present, w.present) << w.label;
     }
@@ -46,7 +39,7 @@ TEST(ExifInfoRows, CameraFileWithGps) {
     Loaded f(fixtures::RealisticCameraBuilder(1, 0, ByteOrder::Big));
     ASSERT_TRUE(f.x.ret);
     // clang-format off
-    ExpectRows(AllLists(f.x), {
+    ExpectRows(f.x, {
         {0, "タイトル ", "", false}, {0, "撮影日時 ", "2024/05/01 10:00:00", true},
         {0, "Fナンバー ", "F 2.8", true}, {0, "レンズ最小Ｆ値 ", "F 2.97", true}, {0, "露出時間 ", "1/125", true},
         {0, "露出補正値 ", "-0.67", true}, {0, "露出プログラム ", "露出優先", true}, {0, "画質モード ", "", false},
@@ -70,7 +63,7 @@ TEST(ExifInfoRows, OddValues) {
     Loaded f(b);
     ASSERT_TRUE(f.x.ret);
     // clang-format off
-    ExpectRows(AllLists(f.x), {
+    ExpectRows(f.x, {
         {0, "ISO感度 ", "", true}, {0, "光源 ", "", true}, {0, "Fナンバー ", "F INF", true},
         {2, "ISOSpeedRatingsM ", "**", true}, {2, "SubjectAreaD ", "5", true},
         {2, "SubjectAreaW ", "", false}, {2, "SubjectLocationY ", "9", true},

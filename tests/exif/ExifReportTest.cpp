@@ -1,7 +1,6 @@
 // The six report texts: fixed line counts, the value forms and the code tables.
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <sstream>
 
 #include "ExifTestSupport.h"

@@ -2,7 +2,6 @@
 // through the fuzz target itself and then checked for what it must give.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <functional>
 #include <optional>
 
