@@ -114,22 +114,21 @@ TEST(ContainerWalk, FileReadsMatchMemoryWhereverValuesLie) {
                           {60000, {}},    {70000, {}},   {200000, {}}, {16300, 17000},
                           {30000, 32000}, {60000, 62000}};
     for (const Case& c : cases) {
-        for (const auto order : BothOrders()) {
-            SCOPED_TRACE(std::to_string(c.text) + (c.cut ? " cut" : ""));
-            ExifJpegBuilder b(order);
-            b.Ifd0().Ascii(0x010E, std::string(c.text, 'd')).Ascii(0x010F, "Maker");
-            b.Exif().Ascii(0x9003, "2024:01:02 03:04:05");
-            b.Gps().Ascii(0x0001, "N");
-            b.JpegThumbnail(160, 120).MainImage(300000);
-            if (c.cut) b.TruncateAt(*c.cut);
-            const Bytes bytes = b.Build();
-            LLVMFuzzerTestOneInput(bytes.data(),
-                                   bytes.size());  // compares the file with its bytes in memory
-            ExifReader x;
-            x.fbytes = bytes;
-            x.GetThumbNail();
-            EXPECT_TRUE(x.ret || c.cut);
-        }
+        SCOPED_TRACE(std::to_string(c.text) + (c.cut ? " cut" : ""));
+        ExifJpegBuilder b(fixtures::ByteOrder::Big);
+        b.Ifd0().Ascii(0x010E, std::string(c.text, 'd')).Ascii(0x010F, "Maker");
+        b.Exif().Ascii(0x9003, "2024:01:02 03:04:05");
+        b.Gps().Ascii(0x0001, "N");
+        b.JpegThumbnail(160, 120).MainImage(300000);
+        if (c.cut) b.TruncateAt(*c.cut);
+        const Bytes bytes = b.Build();
+        // Where the values lie does not hang on the byte order; the target compares the file
+        // with its bytes in memory.
+        LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
+        ExifReader x;
+        x.fbytes = bytes;
+        x.GetThumbNail();
+        EXPECT_TRUE(x.ret || c.cut);
     }
 }
 
