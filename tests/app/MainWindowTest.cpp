@@ -296,7 +296,7 @@ TEST_F(MainWindowTest, EjectsFromTheRowAndAtTheQuitRunTheScriptAndSayWhatWentWro
     EXPECT_GT(o->RowOfPath(card), 0);
     EXPECT_TRUE(w_->Watcher()->Observing());
 
-    // At the quit: off in the settings, no card found, or the card gone: nothing runs. /proc
+    // At the quit: off in the settings, the start-up disk, or the card gone: nothing runs. /proc
     // stands in for the card: every Linux system has it mounted.
     Settings& prefs = app_->Prefs();
     for (const auto& [on, volume] : {std::pair{0, std::string("/proc")},
