@@ -35,9 +35,8 @@ class CardMountTest : public ::testing::Test {
         ::setenv("XDG_CONFIG_HOME", (root_ / "home" / ".config").c_str(), 1);
         app_ = std::make_unique<App>(prompter_, root_ / "settings");
         app_->InitApp();
-        app_->Prefs().gPref[pref::kEjectAtQuit] = 1;  // eject at quit
-        app_->Prefs().gPref[pref::kGoogleEarthAllowed] =
-            0;  // no Google Earth: its search would ask at start
+        app_->Prefs().gPref[pref::kEjectAtQuit] = 1;         // eject at quit
+        app_->Prefs().gPref[pref::kGoogleEarthAllowed] = 0;  // its search would ask at start
         w_ = app_->MakeWindow();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(w_));
     }
@@ -69,25 +68,6 @@ class CardMountTest : public ::testing::Test {
         std::error_code ec;
         if (!Mounted(point_)) fs::remove(point_, ec);
     }
-    bool Shows(std::size_t pictures) {
-        SidebarView* o = w_->Outline();
-        return QTest::qWaitFor(
-            [&] {
-                return o->PathOfRow(o->selectedRow) == (point_ / folder_).string() &&
-                       !w_->ScanRunning() && w_->Items().size() == pictures;
-            },
-            20000);
-    }
-    bool Cleared() {
-        SidebarView* o = w_->Outline();
-        return QTest::qWaitFor(
-            [&] {
-                return o->RowOfPath(point_.string()) < 0 && o->selectedRow == -1 &&
-                       !w_->ScanRunning() && w_->Items().empty();
-            },
-            20000);
-    }
-
     fixtures::ScratchDir scratch_;
     fs::path root_ = scratch_.path();
     fs::path point_ = fs::path("/media") / ("LVX CARD " + std::to_string(::getpid()));
@@ -99,15 +79,25 @@ class CardMountTest : public ::testing::Test {
 
 TEST_F(CardMountTest, CardsComeAndGoWhileTheProgramRunsAndTheQuitEjectsTheLast) {
     if (!Insert(3000)) GTEST_SKIP() << "this system does not allow mounts";
+    SidebarView* o = w_->Outline();
     // Pulled while its folder is still being read: the scan ends, the grid empties.
     ASSERT_TRUE(QTest::qWaitFor([&] { return w_->ScanRunning() && !w_->Items().empty(); }, 20000));
     Pull();
-    ASSERT_TRUE(Cleared());
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] {
+            return o->RowOfPath(point_.string()) < 0 && o->selectedRow == -1 &&
+                   !w_->ScanRunning() && w_->Items().empty();
+        },
+        20000));
 
     // The last card stays in; the quit ejects it with the script, and says nothing.
     ASSERT_TRUE(Insert(5));
-    ASSERT_TRUE(Shows(5));
-    SidebarView* o = w_->Outline();
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] {
+            return o->PathOfRow(o->selectedRow) == (point_ / folder_).string() &&
+                   !w_->ScanRunning() && w_->Items().size() == 5;
+        },
+        20000));
     EXPECT_TRUE(o->isExpanded(o->IndexOfRow(o->RowOfPath(point_.string()))));
     w_->SetEjectScript(LUMIVEX_EJECT_SCRIPT);
     w_->close();

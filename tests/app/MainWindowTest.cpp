@@ -7,7 +7,6 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
 #include <QPalette>
@@ -45,6 +44,8 @@ namespace lumivex {
 namespace {
 
 namespace fs = std::filesystem;
+using fixtures::NumberedNames;
+using fixtures::WriteCameraFolder;
 
 class MainWindowTest : public ::testing::Test {
   protected:
@@ -66,11 +67,6 @@ class MainWindowTest : public ::testing::Test {
         EXPECT_TRUE(QTest::qWaitForWindowExposed(w_));
         return w_;
     }
-    static fs::path Folder(const fs::path& dir, std::vector<std::string> names, int w = 100,
-                           int h = 75) {
-        return fixtures::WriteCameraFolder(dir, names, w, h);
-    }
-    static std::vector<std::string> Numbered(int count) { return fixtures::NumberedNames(count); }
     bool Scan(const fs::path& dir) {
         QSignalSpy done(w_, &MainWindow::scanFinished);
         w_->SelFolder1(dir.string());
@@ -105,7 +101,7 @@ class MainWindowTest : public ::testing::Test {
     }
     // A folder of two: IMG_0001.JPG taken in Tokyo, IMG_0002.JPG without a position.
     fs::path GpsFolder() {
-        const fs::path dir = Folder(root_ / "gps", {"IMG_0002.JPG"});
+        const fs::path dir = WriteCameraFolder(root_ / "gps", {"IMG_0002.JPG"}, 100, 75);
         fixtures::ExifJpegBuilder b;
         b.Ifd0().Ascii(0x010F, "M");
         b.JpegThumbnail(100, 75);
@@ -129,7 +125,7 @@ class MainWindowTest : public ::testing::Test {
 };
 
 TEST_F(MainWindowTest, ScanShowsItemsInNameOrderFollowsTheDividerAndClicksSelect) {
-    const fs::path dir = Folder(root_ / "card", Numbered(7));
+    const fs::path dir = WriteCameraFolder(root_ / "card", NumberedNames(7), 100, 75);
     std::ofstream(dir / "notes.txt") << "not a picture";
     std::ofstream(dir / "AAA_noexif.JPG") << "\xFF\xD8\xFF\xD9";
     Start();
@@ -168,7 +164,7 @@ TEST_F(MainWindowTest, ScanShowsItemsInNameOrderFollowsTheDividerAndClicksSelect
 }
 
 TEST_F(MainWindowTest, StopKeepsAPrefix) {
-    const fs::path big = Folder(root_ / "big", Numbered(4000), 16, 12);
+    const fs::path big = WriteCameraFolder(root_ / "big", NumberedNames(4000), 16, 12);
     Start();
     QSignalSpy done(w_, &MainWindow::scanFinished);
     w_->SelFolder1(big.string());
@@ -180,7 +176,7 @@ TEST_F(MainWindowTest, StopKeepsAPrefix) {
     ASSERT_FALSE(items.empty());
     EXPECT_LT(items.size(), 4000u);
     for (std::size_t i = 0; i < items.size(); ++i)
-        ASSERT_EQ(items[i].path, (big / Numbered(4000)[i]).string());
+        ASSERT_EQ(items[i].path, (big / NumberedNames(4000)[i]).string());
 }
 
 TEST_F(MainWindowTest, TheFrameIsSavedAtCloseAndComesBackAndAMissingFileIsSaid) {
@@ -219,8 +215,8 @@ TEST_F(MainWindowTest, TheFrameIsSavedAtCloseAndComesBackAndAMissingFileIsSaid) 
 }
 
 TEST_F(MainWindowTest, ARowSelectionScansAClickBelowTheRowsClearsAndCutLabelsHaveATip) {
-    Folder(desktop_ / "Card", {"A_very_long_file_name_that_cannot_fit.JPG", "DSC_0001.JPG"}, 160,
-           120);
+    WriteCameraFolder(desktop_ / "Card",
+                      {"A_very_long_file_name_that_cannot_fit.JPG", "DSC_0001.JPG"});
     Start();
     SidebarView* o = w_->Outline();
     const int row = o->RowOfPath((desktop_ / "Card").string());
@@ -249,9 +245,10 @@ TEST_F(MainWindowTest, ARowSelectionScansAClickBelowTheRowsClearsAndCutLabelsHav
 }
 
 TEST_F(MainWindowTest, ACardFoundDuringAScanTakesOverTheGrid) {
-    Folder(desktop_ / "Big", Numbered(400), 16, 12);
+    WriteCameraFolder(desktop_ / "Big", NumberedNames(400), 16, 12);
     const fs::path card = root_ / "card";
-    Folder(card / "DCIM" / "100TEST", {"DSC_0000.JPG", "DSC_0001.JPG", "DSC_0002.JPG"}, 16, 12);
+    WriteCameraFolder(card / "DCIM" / "100TEST", {"DSC_0000.JPG", "DSC_0001.JPG", "DSC_0002.JPG"},
+                      16, 12);
     Start();
     // The scan has started and not been collected when the card's volume appears.
     w_->SelFolder1((desktop_ / "Big").string());
@@ -263,39 +260,63 @@ TEST_F(MainWindowTest, ACardFoundDuringAScanTakesOverTheGrid) {
     EXPECT_EQ(w_->Items()[0].fname, "DSC_0000.JPG");
 }
 
-TEST_F(MainWindowTest, TheQuitEjectsOnlyAStillMountedCardAndSaysWhatWentWrong) {
-    const fs::path log = root_ / "eject.log";
-    std::ofstream(root_ / "eject.sh") << "echo \"$1\" >> '" << log.string() << "'\nexit 3\n";
+// A card's row offers the eject: the script runs with the mount path while the window goes on,
+// and the row stays until the watcher sees the unmount. The quit ejects only a card still
+// mounted, the watcher stopped first. A failure or a missing script is said.
+TEST_F(MainWindowTest, EjectsFromTheRowAndAtTheQuitRunTheScriptAndSayWhatWentWrong) {
+    // A stand-in eject script: waits for `go`, then logs its argument and fails with 3.
+    const fs::path go = root_ / "go", log = root_ / "eject.log";
+    std::ofstream(root_ / "eject.sh")
+        << "while [ ! -e '" << go.string() << "' ]; do sleep 0.02; done\necho \"$1\" >> '"
+        << log.string() << "'\nexit 3\n";
     Start();
     w_->SetEjectScript(root_ / "eject.sh");
     SidebarView* o = w_->Outline();
-    Settings& prefs = app_->Prefs();
+    const std::string card = "/media/LVX EJECT " + std::to_string(::getpid());
+    o->getPost(SidebarView::VolumeEvent::Mount, card);  // nothing need be mounted for the menu
+    // Which rows offer the eject is the menu model's test; here, what the eject does.
+    const auto eject = [o, &card] {
+        std::unique_ptr<QMenu> menu(o->RowMenu(o->IndexOfRow(o->RowOfPath(card)), o));
+        ASSERT_TRUE(menu && menu->actions().size() == 1);
+        EXPECT_EQ(menu->actions()[0]->text(), QStringLiteral("取り出す"));
+        menu->actions()[0]->trigger();
+    };
     prompter_.asked.clear();
+    eject();
+    int beats = 0;  // the script waits; the window's events go on meanwhile
+    QTimer heartbeat;
+    QObject::connect(&heartbeat, &QTimer::timeout, [&] { ++beats; });
+    heartbeat.start(1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return beats >= 20; }, 10000));
+    EXPECT_FALSE(fs::exists(log));
+    std::ofstream(go) << "";
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !prompter_.asked.isEmpty(); }, 10000));
+    EXPECT_EQ(prompter_.asked, QStringList({"error code: 3"}));
+    EXPECT_EQ(Bytes(log), card + "\n");
+    EXPECT_GT(o->RowOfPath(card), 0);
+    EXPECT_TRUE(w_->Watcher()->Observing());
 
-    // Off in the settings, no card found, or the card gone: nothing runs. /proc stands in
-    // for the card: every Linux system has it mounted.
+    // At the quit: off in the settings, the start-up disk, or the card gone: nothing runs. /proc
+    // stands in for the card: every Linux system has it mounted.
+    Settings& prefs = app_->Prefs();
     for (const auto& [on, volume] : {std::pair{0, std::string("/proc")},
-                                     {1, std::string()},
                                      {1, std::string("/")},
                                      {1, (root_ / "gone").string()}}) {
         prefs.gPref[pref::kEjectAtQuit] = on;
         o->gFI = volume;
         w_->UnmountCam();
     }
-    EXPECT_FALSE(fs::exists(log));
-    EXPECT_TRUE(prompter_.asked.isEmpty());
-
-    // The script's failure is reported with its code; the watcher was stopped first.
     o->gFI = "/proc";
     w_->UnmountCam();
-    EXPECT_EQ(prompter_.asked, QStringList({"error code: 3"}));
+    EXPECT_EQ(prompter_.asked, QStringList({"error code: 3", "error code: 3"}));
     EXPECT_FALSE(w_->Watcher()->Observing());
-    std::string arg;
-    std::getline(std::ifstream(log) >> std::ws, arg);
-    EXPECT_EQ(arg, "/proc");
+    EXPECT_EQ(Bytes(log), card + "\n/proc\n");
+
     w_->SetEjectScript(root_ / "missing.sh");
+    prompter_.asked.clear();
     w_->UnmountCam();
-    EXPECT_EQ(prompter_.asked.back(), "file not found.");
+    eject();
+    EXPECT_EQ(prompter_.asked, QStringList({"file not found.", "file not found."}));
 }
 
 TEST_F(MainWindowTest, EachContextMenuTextReachesItsCommand) {
@@ -346,9 +367,9 @@ TEST_F(MainWindowTest, EachContextMenuTextReachesItsCommand) {
 }
 
 TEST_F(MainWindowTest, ExportAllEndsWithoutAScansEndAndACardWaitsForIt) {
-    const fs::path big = Folder(root_ / "big", Numbered(800), 16, 12);
+    const fs::path big = WriteCameraFolder(root_ / "big", NumberedNames(800), 16, 12);
     const fs::path card = root_ / "card";
-    Folder(card / "DCIM" / "100TEST", {"DSC_0000.JPG"}, 16, 12);
+    WriteCameraFolder(card / "DCIM" / "100TEST", {"DSC_0000.JPG"}, 16, 12);
     const fs::path out = root_ / "out";
     fs::create_directories(out);
     Start();
@@ -373,7 +394,8 @@ TEST_F(MainWindowTest, ExportAllEndsWithoutAScansEndAndACardWaitsForIt) {
 TEST_F(MainWindowTest, KeysSelectOpenTheDialogAndTheMenuAndATouchpadScrollsByPixels) {
     Start();
     CanvasWidth(320);
-    ASSERT_TRUE(Scan(Folder(root_ / "keys", Numbered(30))));  // three a row, rows 95 apart
+    ASSERT_TRUE(Scan(WriteCameraFolder(root_ / "keys", NumberedNames(30), 100,
+                                       75)));  // three a row, rows 95 apart
     ThumbnailCanvas* c = w_->Canvas();
     const auto& items = w_->Items();
     w_->activateWindow();
@@ -426,7 +448,8 @@ TEST_F(MainWindowTest, KeysSelectOpenTheDialogAndTheMenuAndATouchpadScrollsByPix
 // reaches the window's command.
 TEST_F(MainWindowTest, ToolbarAndMenuItemsReachTheirCommandsAndFollowTheScanAndTheSelection) {
     const fs::path settings = root_ / "settings" / std::string(PrefFile::kFileName);
-    const fs::path card = Folder(root_ / "card", {"IMG_0001.JPG", "IMG_0002.JPG"});
+    const fs::path card =
+        WriteCameraFolder(root_ / "card", {"IMG_0001.JPG", "IMG_0002.JPG"}, 100, 75);
     Start();
     auto* bar = qobject_cast<MainMenuBar*>(w_->menuBar());
     ASSERT_NE(bar, nullptr);

@@ -14,7 +14,7 @@
 #include <fstream>
 #include <memory>
 
-#include "ExifJpegBuilder.h"
+#include "CameraFiles.h"
 #include "ScratchDir.h"
 #include "core/PrefFile.h"
 #include "core/Settings.h"
@@ -24,32 +24,6 @@ namespace lumivex {
 namespace {
 
 namespace fs = std::filesystem;
-
-// The receiving end of the program's readiness notice (NOTIFY_SOCKET, "READY=1").
-class ReadySocket {
-  public:
-    explicit ReadySocket(const fs::path& path) : path_(path.string()) {
-        fd_ = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-        sockaddr_un addr{};
-        addr.sun_family = AF_UNIX;
-        path_.copy(addr.sun_path, sizeof(addr.sun_path) - 1);
-        ::bind(fd_, reinterpret_cast<const sockaddr*>(&addr), sizeof(addr));
-    }
-    ~ReadySocket() { ::close(fd_); }
-    const std::string& path() const { return path_; }
-    // The notice's text, or "" when none came within the time.
-    std::string Wait(int timeoutMs) const {
-        pollfd p{fd_, POLLIN, 0};
-        if (::poll(&p, 1, timeoutMs) != 1) return {};
-        char buf[64] = {};
-        const auto n = ::recv(fd_, buf, sizeof(buf) - 1, 0);
-        return n > 0 ? std::string(buf, static_cast<std::size_t>(n)) : std::string();
-    }
-
-  private:
-    std::string path_;
-    int fd_ = -1;
-};
 
 class ProgramTest : public ::testing::Test {
   protected:
@@ -63,6 +37,23 @@ class ProgramTest : public ::testing::Test {
     }
 
     fs::path Settings() const { return home_ / ".config" / "Lumivex初期設定" / "pref"; }
+    // Starts the program and waits for its readiness notice (NOTIFY_SOCKET): the window is up.
+    void Launch(QProcess& p) {
+        const std::string socket = (home_ / "notify").string();
+        const int fd = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+        sockaddr_un addr{};
+        addr.sun_family = AF_UNIX;
+        socket.copy(addr.sun_path, sizeof(addr.sun_path) - 1);
+        ::bind(fd, reinterpret_cast<const sockaddr*>(&addr), sizeof(addr));
+        env_.insert("NOTIFY_SOCKET", QString::fromStdString(socket));
+        p.setProcessEnvironment(env_);
+        p.start(LUMIVEX_PLUS_PATH, {});
+        pollfd ready{fd, POLLIN, 0};
+        char notice[16] = {};
+        if (::poll(&ready, 1, 30000) == 1) ::recv(fd, notice, sizeof(notice) - 1, 0);
+        ::close(fd);
+        ASSERT_STREQ(notice, "READY=1");
+    }
 
     fixtures::ScratchDir scratch_;
     fs::path home_ = scratch_.path();
@@ -74,17 +65,11 @@ TEST_F(ProgramTest, TerminateSavesSettingsAndRemovesTheTemporaryFolder) {
     fs::create_directories(temp / "inner");
     std::ofstream(temp / "inner" / "placemark.kml") << "x";
 
-    ReadySocket ready(home_ / "notify");
-    env_.insert("NOTIFY_SOCKET", QString::fromStdString(ready.path()));
     QProcess p;
-    p.setProcessEnvironment(env_);
-    p.start(LUMIVEX_PLUS_PATH, {});
-    ASSERT_TRUE(p.waitForStarted(10000));
-    ASSERT_EQ(ready.Wait(30000), "READY=1");  // the window is up
-    EXPECT_FALSE(fs::exists(Settings()));     // only a close writes it
+    ASSERT_NO_FATAL_FAILURE(Launch(p));
+    EXPECT_FALSE(fs::exists(Settings()));  // only a close writes it
     p.terminate();
     ASSERT_TRUE(p.waitForFinished(10000));
-    EXPECT_EQ(p.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(p.exitCode(), 0);
 
     ASSERT_TRUE(fs::exists(Settings()));
@@ -95,14 +80,9 @@ TEST_F(ProgramTest, TerminateSavesSettingsAndRemovesTheTemporaryFolder) {
 }
 
 TEST_F(ProgramTest, AFolderArgumentIsExtractedAndWhatIsNoFolderIsRefused) {
-    const fs::path source = home_ / "Card";
+    const fs::path source = fixtures::WriteCameraFolder(home_ / "Card", {"IMG_0001.JPG"});
     const fs::path target = home_ / "Out";
-    fs::create_directories(source);
     fs::create_directories(target);
-    fixtures::ExifJpegBuilder b;
-    b.Ifd0().Ascii(0x010F, "M");
-    b.JpegThumbnail(160, 120);
-    b.Write(source / "IMG_0001.JPG");
     auto run = [&](const QStringList& args, const QByteArray& input) {
         auto p = std::make_unique<QProcess>();
         p->setProcessEnvironment(env_);
@@ -152,15 +132,10 @@ TEST_F(ProgramTest, CtrlQOnARealDisplaySavesTheSettings) {
     s.gPref[pref::kFrameWidth] = 0;  // only the close writes a width
     fs::create_directories(Settings().parent_path());
     ASSERT_TRUE(PrefFile::SavePref(s, Settings().parent_path()));
-    ReadySocket ready(home_ / "notify");
-    env_.insert("NOTIFY_SOCKET", QString::fromStdString(ready.path()));
     env_.insert("QT_QPA_PLATFORM", "xcb");
     env_.insert("DISPLAY", display);
     QProcess p;
-    p.setProcessEnvironment(env_);
-    p.start(LUMIVEX_PLUS_PATH, {});
-    ASSERT_TRUE(p.waitForStarted(10000));
-    ASSERT_EQ(ready.Wait(30000), "READY=1");
+    ASSERT_NO_FATAL_FAILURE(Launch(p));
     auto xdotool = [&](const QStringList& args) {
         QProcess x;
         x.setProcessEnvironment(env_);
