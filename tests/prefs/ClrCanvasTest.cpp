@@ -1,4 +1,4 @@
-// The colour swatch: its colour conversions, its frame, and the picker's answer taken or not.
+// The colour swatch: its frame, and the picker's answer taken or not.
 #include <gtest/gtest.h>
 
 #include <QImage>
@@ -10,20 +10,11 @@
 namespace lumivex {
 namespace {
 
-TEST(ClrCanvasTest, ConvertsBothWays) {
-    const std::pair<std::int64_t, Color> cases[] = {
-        {0x010203, {1, 2, 3}}, {0xFFFFFF, {255, 255, 255}}, {0xD7DDE5, {215, 221, 229}}};
-    for (const auto& [value, colour] : cases) {
-        EXPECT_EQ(ClrCanvas::ClrItoC(value), colour) << std::hex << value;
-        EXPECT_EQ(ClrCanvas::ClrCtoI(colour), value) << std::hex << value;
-    }
-}
-
 TEST(ClrCanvasTest, PaintsASwatchInABlackFrame) {
     ScriptedPrompter prompter;
     ClrCanvas swatch(prompter);
     swatch.resize(20, 10);
-    for (const std::int64_t value : {std::int64_t{0x3366CC}, std::int64_t{0}}) {
+    for (const std::int64_t value : {std::int64_t{0x3366CC}, std::int64_t{0xFFFFFF}}) {
         swatch.SetClr(value);
         const QImage shot = swatch.grab().toImage();
         const QColor c(static_cast<QRgb>(value));
