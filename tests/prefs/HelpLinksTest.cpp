@@ -56,7 +56,6 @@ TEST_F(HelpLinksTest, HomePageOpensOnlyWhenTheUserAgrees) {
     HelpLinks links = Links("/nowhere");
     const std::pair<int, bool> answers[] = {{Prompter::kCancel, false}, {Prompter::kAction, true}};
     for (const auto& [answer, opens] : answers) {
-        opened.clear();
         prompter.asked.clear();
         prompter.answers = {answer};
         EXPECT_EQ(links.ConnectHP(nullptr, false), opens);
