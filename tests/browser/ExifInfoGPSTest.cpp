@@ -4,10 +4,8 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QLabel>
 #include <QPointer>
 #include <QPushButton>
-#include <QTabWidget>
 #include <QTableWidget>
 #include <QTest>
 #include <fstream>
@@ -24,17 +22,8 @@ class ExifInfoGPSTest : public ::testing::Test {
   protected:
     void SetUp() override { parent_.show(); }
 
-    std::filesystem::path Camera(int index) {
-        const auto path = dir_.path() / ("IMG_000" + std::to_string(index) + ".JPG");
-        fixtures::WriteRealisticCamera(path, index, 24 * 1024, fixtures::ByteOrder::Little);
-        return path;
-    }
     ExifInfoGPS* Open(const std::filesystem::path& path) {
         return ExifInfoGPS::SelFileExifGPS(&parent_, prompter_, path, false);
-    }
-    static void SelectRow(QTableWidget* list, int row) {
-        list->selectionModel()->select(list->model()->index(row, 0),
-                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
     }
 
     QWidget parent_;  // stands for the main window
@@ -53,11 +42,11 @@ TEST_F(ExifInfoGPSTest, FileWithoutExifGetsTheCautionAndNoWindow) {
     }
 }
 
-TEST_F(ExifInfoGPSTest, ShowsTheFourListsWindowModal) {
-    const auto path = Camera(1);
+TEST_F(ExifInfoGPSTest, ShowsTheFourListsWindowModalAndCopiesTheSelectedRows) {
+    const auto path = dir_.path() / "IMG_0000.JPG";
+    fixtures::WriteRealisticCamera(path, 1, 24 * 1024, fixtures::ByteOrder::Little);  // with GPS
     QPointer<ExifInfoGPS> dialog = Open(path);
     ASSERT_NE(dialog, nullptr);
-    EXPECT_TRUE(prompter_.asked.isEmpty());
     EXPECT_EQ(dialog->windowModality(), Qt::WindowModal);
 
     ExifReader x;
@@ -77,31 +66,33 @@ TEST_F(ExifInfoGPSTest, ShowsTheFourListsWindowModal) {
             EXPECT_EQ(list->item(r, 1)->font().bold(), want.present) << want.label;
         }
     }
-    EXPECT_TRUE(dialog->CloseButton()->isDefault());
-    dialog->CloseButton()->click();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    EXPECT_TRUE(dialog.isNull());
-}
 
-TEST_F(ExifInfoGPSTest, CopyAndSelectAll) {
-    ExifInfoGPS* dialog = Open(Camera(0));  // a file without GPS
-    ASSERT_NE(dialog, nullptr);
     QClipboard* clipboard = QGuiApplication::clipboard();
     clipboard->setText("before");
     dialog->CopyString();
     EXPECT_EQ(clipboard->text(), "before");  // nothing selected: the clipboard is left alone
 
-    SelectRow(dialog->ListBox(0), 1);
-    SelectRow(dialog->ListBox(3), 1);  // on a tab out of sight
+    dialog->ListBox(0)->selectRow(1);
+    dialog->ListBox(3)->selectRow(1);  // on a tab out of sight
     dialog->CopyString();
-    EXPECT_EQ(clipboard->text(), "メーカー :KESTREL OPTICS\nGPSデータは:含まれていません。\n");
+    EXPECT_EQ(clipboard->text(), "メーカー :NORDLICHT\nLatitudeRef :N\n");
 
     dialog->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
     QTest::keyClick(dialog->ListBox(0), Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(dialog->ListBox(0), Qt::Key_C, Qt::ControlModifier);
     // One row a line from every list, and the last line's end.
-    EXPECT_EQ(clipboard->text().split('\n').size(), 22 + 30 + 61 + 2 + 1);
+    EXPECT_EQ(clipboard->text().split('\n').size(), 22 + 30 + 61 + 27 + 1);
+    dialog->CloseButton()->click();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(dialog.isNull());
+
+    // A file without GPS: its GPS list says so.
+    fixtures::WriteRealisticCamera(path, 0, 24 * 1024, fixtures::ByteOrder::Little);
+    dialog = Open(path);
+    dialog->ListBox(3)->selectRow(1);
+    dialog->CopyString();
+    EXPECT_EQ(clipboard->text(), "GPSデータは:含まれていません。\n");
 }
 
 }  // namespace

@@ -14,7 +14,7 @@
 #include <thread>
 
 #include "../app/ScriptedPrompter.h"
-#include "ExifJpegBuilder.h"
+#include "CameraFiles.h"
 #include "ScratchDir.h"
 #include "browser/ScanProgressStrip.h"
 #include "browser/ScanWorker.h"
@@ -40,11 +40,6 @@ bool Near(Color a, Color b) {
     return std::abs(a.r - b.r) <= 6 && std::abs(a.g - b.g) <= 6 && std::abs(a.b - b.b) <= 6;
 }
 
-std::string Text(const fs::path& p) {
-    const auto b = Bytes(p);
-    return {b.begin(), b.end()};
-}
-
 class ExportTest : public ::testing::Test {
   protected:
     ExportTest() {
@@ -54,13 +49,10 @@ class ExportTest : public ::testing::Test {
     }
     // A camera file whose thumbnail the item shows; returns where the thumbnail lies.
     fixtures::Layout AddCameraItem(const std::string& name) {
-        fixtures::ExifJpegBuilder b;
-        b.Ifd0().Ascii(0x010F, "Maker");  // a file without IFD0 entries is no camera's
-        const fixtures::Layout layout = b.JpegThumbnail(160, 120).Write(card_ / name);
+        const fixtures::Layout layout = fixtures::WriteCamera(card_ / name);
         ExifReader reader;
         reader.fitem = card_ / name;
         reader.GetThumbNail();
-        EXPECT_TRUE(reader.ret) << name;
         items_.push_back(Item(name, reader.Thumbnail));
         items_.back().thumb = reader.Stored;  // as the scan keeps it
         return layout;
@@ -69,8 +61,6 @@ class ExportTest : public ::testing::Test {
         ItemRecord item;
         item.fname = name;
         item.path = (card_ / name).string();
-        item.w = pict.Width();
-        item.h = pict.Height();
         item.thumb = StoredThumbnail::FromPixels(pict);
         return item;
     }
@@ -138,29 +128,22 @@ TEST_F(ExportTest, ExifFormAsksAboutTurnsAndWritesTheStoredBytes) {
         ctl_.ExportThumbNail(1, 0, ExportController::kExif);
         EXPECT_EQ(prompter_.asked, c.asked);
         EXPECT_EQ(fs::exists(target), c.written);
-        if (c.written) {
-            EXPECT_EQ(Bytes(target), stored);
-        }
+        EXPECT_EQ(Bytes(target), c.written ? stored : std::vector<std::uint8_t>{});
     }
-    EXPECT_EQ(Bytes(card_ / "IMG_0001.JPG"), source);
 }
 
-TEST_F(ExportTest, JpegIsTheTurnedPicture) {
+// Both forms write the turned picture. The typed extension wins when it names a format;
+// otherwise the chosen file type decides and gives the name its extension. A source picture
+// is never the target.
+TEST_F(ExportTest, JpegAndChosenFormatWriteTheTurnedPicture) {
     AddCameraItem("IMG_0001.JPG");
     ItemRotation::RotateImageRSingle(items_[0]);
-    const fs::path target = out_ / "R.jpg";
     prompter_.files = {QString::fromStdString((out_ / "R").string())};  // typed without extension
     ctl_.ExportThumbNail(1, 0, ExportController::kJpeg);
-    const Picture written = JpegCodec::Decode(Bytes(target)), shown = items_[0].Shown();
+    const Picture written = JpegCodec::Decode(Bytes(out_ / "R.jpg")), shown = items_[0].Shown();
     ASSERT_EQ(std::pair(written.Width(), written.Height()), std::pair(120, 160));
     for (const auto& [x, y] : {std::pair{0, 0}, {119, 0}, {0, 159}, {60, 40}})
         EXPECT_TRUE(Near(written.Pixel(x, y), shown.Pixel(x, y))) << x << "," << y;
-}
-
-// The typed extension wins when it names a format; otherwise the chosen file type decides
-// and gives the name its extension. A source picture is never the target.
-TEST_F(ExportTest, ChosenFormatIsWritten) {
-    AddCameraItem("IMG_0001.JPG");
     struct Case {
         std::string filter, typed, file, suffix, format;  // format: what a reader finds
     };
@@ -177,7 +160,7 @@ TEST_F(ExportTest, ChosenFormatIsWritten) {
         ctl_.ExportThumbNail(1, 0, ExportController::kAs);
         QImageReader reader(QString::fromStdString((out_ / c.file).string()));
         EXPECT_EQ(reader.format().toStdString(), c.format) << c.typed;
-        EXPECT_EQ(reader.size(), QSize(160, 120)) << c.typed;
+        EXPECT_EQ(reader.size(), QSize(120, 160)) << c.typed;
     }
     const auto source = Bytes(card_ / "IMG_0001.JPG");
     prompter_.filterAnswer = Filter("png");
@@ -189,22 +172,22 @@ TEST_F(ExportTest, ChosenFormatIsWritten) {
 
 TEST_F(ExportTest, CopyTakesOnlyTheOneSelectedItem) {
     AddSmallItems(2);
-    QClipboard* clipboard = QGuiApplication::clipboard();
-    clipboard->setText(QStringLiteral("before"));
     EXPECT_FALSE(ctl_.GenClipboard(2, 0));
-    EXPECT_EQ(clipboard->text(), QStringLiteral("before"));
     ItemRotation::RotateImageLSingle(items_[1]);
     ASSERT_TRUE(ctl_.GenClipboard(1, 1));
-    const QImage copied = clipboard->image();
+    const QImage copied = QGuiApplication::clipboard()->image();
     EXPECT_EQ(copied.size(), QSize(12, 16));
     EXPECT_EQ(copied.pixelColor(0, 0), QColor(1, 0x80, 0x40));
 }
 
 // One worker for scans and exports: a second start is refused either way. The worker gets
 // the pictures a batch at a time; held at the first batch and stopped, it leaves whole files
-// of that batch and nothing else.
+// of that batch and nothing else, each as its item shows it: the scan's turn and the user's,
+// both decoded by the worker from the item's stored thumbnail.
 TEST_F(ExportTest, SecondStartIsRefusedAndAStopKeepsWhatWasWritten) {
     AddSmallItems(static_cast<int>(ExportController::kFeedAhead) + 40);
+    items_[0].rotate = 1;                         // turned by its orientation tag
+    ItemRotation::RotateImageLSingle(items_[1]);  // turned by the user
     prompter_.files = {QString::fromStdString(out_.string())};
     ASSERT_TRUE(worker_.Start(card_, ScanOptions{}));
     EXPECT_FALSE(ctl_.ExportThumbNailAll());
@@ -222,19 +205,7 @@ TEST_F(ExportTest, SecondStartIsRefusedAndAStopKeepsWhatWasWritten) {
     ASSERT_TRUE(WaitForEnd());
     EXPECT_FALSE(strip_.JobShown());
     EXPECT_EQ(std::distance(fs::directory_iterator(out_), {}), ExportController::kFeedStep);
-    EXPECT_FALSE(JpegCodec::Decode(Bytes(out_ / "IMG_1000.jpg")).IsNull());
-}
-
-// Export-all writes what each item shows: the scan's turn and the user's, both decoded by the
-// worker from the item's stored thumbnail.
-TEST_F(ExportTest, ExportAllWritesEachPictureAsShown) {
-    AddSmallItems(3);
-    items_[0].rotate = 1;                         // turned by its orientation tag
-    ItemRotation::RotateImageLSingle(items_[1]);  // turned by the user
-    prompter_.files = {QString::fromStdString(out_.string())};
-    ASSERT_TRUE(ctl_.ExportThumbNailAll());
-    ASSERT_TRUE(WaitForEnd());
-    for (std::size_t i = 0; i < items_.size(); ++i) {
+    for (std::size_t i = 0; i < 3; ++i) {
         const Picture written =
             JpegCodec::Decode(Bytes(out_ / ("IMG_" + std::to_string(1000 + i) + ".jpg")));
         const Picture shown = items_[i].Shown();
@@ -264,8 +235,8 @@ TEST_F(ExportTest, ExportAllNeverReplacesASourcePicture) {
         ASSERT_TRUE(WaitForEnd());
         EXPECT_EQ(worker_.Protected(), spared) << folder;
     }
-    EXPECT_EQ(Text(card_ / "b.jpg"), "source b");
-    EXPECT_EQ(Text(card_ / "D.jpg"), "source D");
+    EXPECT_EQ(fs::file_size(card_ / "b.jpg"), 8u);  // "source b", not an export
+    EXPECT_EQ(fs::file_size(card_ / "D.jpg"), 8u);
     for (const fs::path& written : {card_ / "IMG_1000.jpg", out_ / "b.jpg", out_ / "D.jpg"})
         EXPECT_FALSE(JpegCodec::Decode(Bytes(written)).IsNull()) << written;
 }

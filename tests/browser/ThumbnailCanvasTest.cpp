@@ -65,10 +65,12 @@ class CanvasTest : public ::testing::Test {
     QImage image_;
 };
 
-TEST_F(CanvasTest, PicturesFramesLabelsAndSelection) {
+// Three items, the second selected, as painted and as assistive technology sees them.
+TEST_F(CanvasTest, PicturesFramesLabelsSelectionAndTheirAccessibleList) {
     items_ = {Item("A.JPG"), Item(kLongName), Item("C.JPG", false)};
     items_[1].selected = true;
     items_[1].compact = true;  // the layout found the label too wide
+    canvas_.move(30, 40);      // item rectangles are on the screen, not in the pane
     Render(320, 200, 0);       // items at x = 5, 110, 215; y = 5
     ExpectColor({{2, 2}, {105, 40}, {3, 3}, {260, 10}}, kGround);
     ExpectColor({{50, 40}, {6, 6}}, kPict);
@@ -86,6 +88,27 @@ TEST_F(CanvasTest, PicturesFramesLabelsAndSelection) {
     EXPECT_GE(Ink(110, 196, 82, 99).first, 113);
     EXPECT_EQ(Ink(196, 198, 82, 99).first, -1);
     EXPECT_NE(Ink(198, 210, 82, 99).first, -1);
+
+    items_[1].compact = false;  // only the selection marks the second item now
+    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&canvas_);
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->role(), QAccessible::List);
+    ASSERT_EQ(list->childCount(), 3);
+    for (int i = 0; i < 3; ++i) {
+        const ItemRecord& item = items_[static_cast<std::size_t>(i)];
+        QAccessibleInterface* child = list->child(i);
+        ASSERT_NE(child, nullptr);
+        EXPECT_EQ(child->text(QAccessible::Name).toStdString(), item.fname);
+        EXPECT_EQ(list->indexOfChild(child), i);
+        EXPECT_EQ(child->state().selected, i == 1) << i;
+        EXPECT_EQ(child->rect(),
+                  QRect(canvas_.mapToGlobal(QPoint(item.x, item.y)), QSize(100, 75)));
+        EXPECT_EQ(list->childAt(child->rect().center().x(), child->rect().center().y()), child);
+    }
+    QAccessibleInterface* last = list->child(2);
+    items_.pop_back();  // a shorter list: the item that went is no longer valid
+    EXPECT_EQ(list->childCount(), 2);
+    EXPECT_FALSE(last->isValid());
 }
 
 // Only the visible band is painted. Once painted, the pane decodes the screen above and the one
@@ -114,33 +137,6 @@ TEST_F(CanvasTest, WheelNotchesBecomeLines) {
     ASSERT_EQ(lines.count(), 3);  // two half notches make one line
     EXPECT_EQ(lines[0][0].toInt() * 100 + lines[1][0].toInt() * 10 + lines[2][0].toInt(),
               100 - 20 + 1);
-}
-
-TEST_F(CanvasTest, AssistiveTechnologySeesAListOfNamedItems) {
-    items_ = {Item("A.JPG"), Item("B.JPG"), Item("C.JPG")};
-    items_[1].selected = true;
-    canvas_.move(30, 40);  // item rectangles are on the screen, not in the pane
-    Render(320, 200, 0);
-    QAccessibleInterface* list = QAccessible::queryAccessibleInterface(&canvas_);
-    ASSERT_NE(list, nullptr);
-    EXPECT_EQ(list->role(), QAccessible::List);
-    ASSERT_EQ(list->childCount(), 3);
-    for (int i = 0; i < 3; ++i) {
-        const ItemRecord& item = items_[static_cast<std::size_t>(i)];
-        QAccessibleInterface* child = list->child(i);
-        ASSERT_NE(child, nullptr);
-        EXPECT_EQ(child->text(QAccessible::Name).toStdString(), item.fname);
-        EXPECT_EQ(child->role(), QAccessible::ListItem);
-        EXPECT_EQ(list->indexOfChild(child), i);
-        EXPECT_EQ(child->state().selected, i == 1) << i;
-        EXPECT_EQ(child->rect(),
-                  QRect(canvas_.mapToGlobal(QPoint(item.x, item.y)), QSize(100, 75)));
-        EXPECT_EQ(list->childAt(child->rect().center().x(), child->rect().center().y()), child);
-    }
-    QAccessibleInterface* last = list->child(2);
-    items_.pop_back();  // a shorter list: the item that went is no longer valid
-    EXPECT_EQ(list->childCount(), 2);
-    EXPECT_FALSE(last->isValid());
 }
 
 }  // namespace

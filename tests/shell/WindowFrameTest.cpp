@@ -4,7 +4,6 @@
 #include <QScreen>
 #include <QSignalSpy>
 #include <QSplitter>
-#include <QTest>
 #include <QWidget>
 #include <vector>
 
