@@ -143,5 +143,18 @@ TEST_F(ScanControllerTest, AnExportHoldsTheListAndItsEndIsNoScansEnd) {
     EXPECT_TRUE(scan_.Begin(folder_, 320, false));
 }
 
+// The picture cache is keyed by place in the list, so a new folder's first item is never drawn
+// with the old one's picture.
+TEST_F(ScanControllerTest, ANewScanForgetsThePicturesOfTheLastList) {
+    for (std::uint8_t tint : {10, 20}) {
+        ASSERT_TRUE(scan_.Begin(folder_, 320, false));
+        const Picture shown(1, 1, {tint, tint, tint});
+        std::vector<ScanItem> batch = Batch({"A.JPG"});
+        batch[0].thumb = StoredThumbnail::FromPixels(shown);
+        scan_.Take(std::move(batch), 0);
+        EXPECT_EQ(scan_.Pictures().Get(0, scan_.Items()[0]), shown) << int{tint};
+    }
+}
+
 }  // namespace
 }  // namespace lumivex
