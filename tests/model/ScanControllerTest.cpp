@@ -30,7 +30,6 @@ class ScanControllerTest : public ::testing::Test {
 TEST_F(ScanControllerTest, ItemsOfAnAbandonedScanNeverAppear) {
     ASSERT_TRUE(scan_.Begin(folder_, 320, false));
     EXPECT_TRUE(scan_.Take(Batch({"A.JPG", "B.JPG"}), 100));
-    EXPECT_EQ(scan_.Items().size(), 2u);
     EXPECT_TRUE(scan_.Clear(true));  // the grid emptied while the worker runs: stop it
     EXPECT_TRUE(scan_.Items().empty());
     EXPECT_FALSE(scan_.Take(Batch({"C.JPG", "D.JPG"}), 1000));  // still on its way
@@ -131,7 +130,6 @@ TEST_F(ScanControllerTest, AnExportHoldsTheListAndItsEndIsNoScansEnd) {
     std::string next;
     EXPECT_EQ(scan_.EndExport(next), Step::Start);
     EXPECT_EQ(next, "/card");
-    EXPECT_FALSE(scan_.Exporting());
 
     // A pulled card ends the selection during the next export: the grid empties after it.
     ASSERT_TRUE(scan_.BeginExport(false));
