@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <iomanip>
 #include <sstream>
 
 #include "ScratchDir.h"
@@ -38,21 +39,14 @@ TEST(KmlPlacemark, Text) {
 
 TEST(KmlPlacemark, FileNameAndWrite) {
     std::tm local{};
-    local.tm_year = 2026 - 1900;
-    local.tm_mon = 2;
-    local.tm_mday = 5;
-    local.tm_hour = 7;
-    local.tm_min = 8;
-    local.tm_sec = 9;
+    std::istringstream("2026-03-05 07:08:09") >> std::get_time(&local, "%Y-%m-%d %H:%M:%S");
     local.tm_isdst = -1;
     const std::time_t when = std::mktime(&local);
 
     fixtures::ScratchDir dir;
     const auto file = KmlPlacemark::Write(dir.path(), "<kml/>\n", when);
     ASSERT_EQ(file, dir.path() / "20260305070809.kml");
-    std::stringstream got;
-    got << std::ifstream(file).rdbuf();
-    EXPECT_EQ(got.str(), "<kml/>\n");
+    EXPECT_EQ((std::stringstream() << std::ifstream(file).rdbuf()).str(), "<kml/>\n");
     EXPECT_TRUE(KmlPlacemark::Write(dir.path() / "missing", "x", when).empty());
 }
 

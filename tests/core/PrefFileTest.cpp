@@ -46,10 +46,6 @@ std::string PrefBytes(std::string_view header, const std::vector<std::string>& i
     return out;
 }
 
-void WriteFile(const fs::path& file, const std::string& bytes) {
-    std::ofstream(file, std::ios::binary) << bytes;
-}
-
 Settings Defaults() {
     Settings s;
     s.InitAll();
@@ -96,7 +92,7 @@ TEST(PrefFile, LoadsEveryLayout) {
             ints[kSlots[k]] = std::to_string(stored[k]);
         if (c.longForm) strs[18] = std::string(300, 'x');
         ScratchDir dir;
-        WriteFile(dir.path() / "pref", PrefBytes(c.header, ints, strs, c.longForm));
+        std::ofstream(dir.path() / "pref") << PrefBytes(c.header, ints, strs, c.longForm);
         Settings s = Defaults();
         ASSERT_EQ(PrefFile::LoadPref(s, dir.path(), kHighlight), LoadResult::Loaded);
         for (std::size_t k = 0; k < 10; ++k)
@@ -130,7 +126,7 @@ TEST(PrefFile, RoundTripKeepsEveryValue) {
     ScratchDir dir;
     const fs::path folder = dir.path() / "Lumivex初期設定";
     fs::create_directory(folder);
-    WriteFile(folder / "pref", "old contents");
+    std::ofstream(folder / "pref") << "old contents";
     ASSERT_TRUE(PrefFile::SavePref(a, folder));
     Settings b;
     b.InitAll(0);
@@ -142,33 +138,6 @@ TEST(PrefFile, RoundTripKeepsEveryValue) {
     EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 1);
 }
 
-// A value outside what the program could have written comes back as the default, so that no
-// window or dialog meets it (the ends of each range are kept by the round trip).
-TEST(PrefFile, OutOfRangeValuesGetTheirDefaults) {
-    using namespace pref;
-    const struct {
-        std::size_t slot;
-        const char* stored;
-        std::int64_t loaded;
-    } cases[] = {
-        // clang-format off
-        {kDividerLeft, "9e18", 200}, {kThumbBackColor, "16777216", 0xFFFFC0},
-        {kSelectionColor, "-1", kHighlight}, {GroupSwitch(9), "7", 1}, {kLastIndex, "101", 100},
-        // clang-format on
-    };
-    std::vector<std::string> ints;
-    for (const std::int64_t v : Defaults().gPref)
-        ints.push_back(std::to_string(v));
-    for (const auto& c : cases)
-        ints[c.slot] = c.stored;
-    ScratchDir dir;
-    WriteFile(dir.path() / "pref", PrefBytes("pref4", ints, {}));
-    Settings s = Defaults();
-    ASSERT_EQ(PrefFile::LoadPref(s, dir.path(), kHighlight), LoadResult::Loaded);
-    for (const auto& c : cases)
-        EXPECT_EQ(s.gPref[c.slot], c.loaded) << c.slot << " " << c.stored;
-}
-
 TEST(PrefFile, DamagedFilesKeepDefaultsBeyondTheDamage) {
     const std::vector<std::string> many(300, "1");  // in range for every slot
     const std::vector<std::string> manyStrs = Strs(80, "v");
@@ -177,6 +146,17 @@ TEST(PrefFile, DamagedFilesKeepDefaultsBeyondTheDamage) {
     for (int i = 0; i < 17; ++i)
         oldCut += Pascal("o");
     oldCut += U32(0xFFFFFFF0) + "abc";
+    // A value outside what the program could have written comes back as the default, so that
+    // no window or dialog meets it (the ends of each range are kept by the round trip).
+    std::vector<std::string> outOfRange;
+    for (const std::int64_t v : Defaults().gPref)
+        outOfRange.push_back(std::to_string(v));
+    for (const auto& [slot, text] : {std::pair{pref::kDividerLeft, "9e18"},
+                                     {pref::kThumbBackColor, "16777216"},
+                                     {pref::kSelectionColor, "-1"},
+                                     {pref::GroupSwitch(9), "7"},
+                                     {pref::kLastIndex, "101"}})
+        outOfRange[slot] = text;
     const struct {
         const char* what;
         std::string bytes;
@@ -198,13 +178,15 @@ TEST(PrefFile, DamagedFilesKeepDefaultsBeyondTheDamage) {
         {"counts beyond the tables", PrefBytes("pref4", many, manyStrs), [&](Settings& e) {
              e.gPref.fill(1);
              std::copy_n(manyStrs.begin(), e.gPrefS.size(), e.gPrefS.begin()); }},
+        {"out of range", PrefBytes("pref4", outOfRange, {}),
+         [](Settings& e) { e.gPref[pref::kSelectionColor] = kHighlight; }},
         // clang-format on
     };
     for (const auto& c : cases) {
         ScratchDir dir;
-        WriteFile(dir.path() / "pref", c.bytes);
+        std::ofstream(dir.path() / "pref") << c.bytes;
         Settings s = Defaults();
-        ASSERT_EQ(PrefFile::LoadPref(s, dir.path()), LoadResult::Loaded) << c.what;
+        ASSERT_EQ(PrefFile::LoadPref(s, dir.path(), kHighlight), LoadResult::Loaded) << c.what;
         Settings expected = Defaults();
         c.expect(expected);
         EXPECT_EQ(s.gPref, expected.gPref) << c.what;
@@ -222,7 +204,7 @@ TEST(PrefFile, UnusableFilesAndFolders) {
         // clang-format off
         {"pref is a folder", [](const fs::path& d) { fs::create_directories(d / "pref" / "in"); return d; }, false},
         {"pref is a fifo", [](const fs::path& d) { mkfifo((d / "pref").c_str(), 0600); return d; }, true},
-        {"folder is a file", [](const fs::path& d) { WriteFile(d / "f", "x"); return d / "f"; }, false},
+        {"folder is a file", [](const fs::path& d) { std::ofstream(d / "f") << "x"; return d / "f"; }, false},
         {"folder missing", [](const fs::path& d) { return d / "none"; }, false},
         // clang-format on
     };

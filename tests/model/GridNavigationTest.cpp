@@ -46,7 +46,6 @@ TEST(GridNavigationTest, KeysMoveTheCurrentItemAndShiftAdds) {
         {0, {{K::PageDown, false}}, 260, 5, {5}},
         {0, {{K::PageDown, false}}, 50, 3, {3}},  // at least a row
         {10, {{K::PageUp, false}}, 260, 3, {3}},
-        {7, {{K::Home, false}}, 200, 0, {0}},
         {0, {{K::End, false}}, 200, 10, {10}},
         {-1, {{K::Right, false}}, 200, 4, {4}},  // nothing selected: the current item first
         {2, {{K::Down, true}}, 200, 4, {2, 3, 4}},

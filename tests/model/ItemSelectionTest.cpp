@@ -9,10 +9,7 @@
 namespace lumivex {
 namespace {
 
-struct Click {
-    int x, y;
-    bool shift;
-};
+using Click = std::tuple<int, int, bool>;  // x, y, shift
 
 // Three 100x75 items at x = 5, 110, 215, y = 5.
 std::vector<ItemRecord> Row() {
@@ -45,15 +42,15 @@ TEST(ItemSelectionTest, ClicksAndShiftClicks) {
         items[2].x = c.item2x;
         ItemSelection selection;
         int flag = -1;
-        for (const Click& k : c.clicks)
-            flag = selection.ItemNoGet(items, k.x, k.y, k.shift);
+        for (const auto& [x, y, shift] : c.clicks)
+            flag = selection.ItemNoGet(items, x, y, shift);
         std::set<std::size_t> selected;
         for (std::size_t i = 0; i < items.size(); ++i)
             if (items[i].selected) selected.insert(i);
-        EXPECT_EQ(selected, c.selected) << c.clicks.back().x;
+        EXPECT_EQ(selected, c.selected) << std::get<0>(c.clicks.back());
         EXPECT_EQ(std::tie(flag, selection.pCidxFlg, selection.pCidx),
                   std::make_tuple(c.flag, c.flag, c.cidx))
-            << c.clicks.back().x;
+            << std::get<0>(c.clicks.back());
     }
 }
 

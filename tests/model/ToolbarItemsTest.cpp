@@ -15,16 +15,11 @@ using List = std::vector<std::string>;
 // A list written as tags, "_" for a space and "~" for the flexible space, "?" for garbage.
 List Ids(const std::vector<std::string>& shorthand) {
     List ids;
-    for (const std::string& s : shorthand) {
-        if (s == "_")
-            ids.emplace_back(ToolbarItems::kSpace);
-        else if (s == "~")
-            ids.emplace_back(ToolbarItems::kFlexibleSpace);
-        else if (s == "?")
-            ids.emplace_back("Some Other Toolbar Item");
-        else
-            ids.emplace_back(ToolbarItems::FindTag(std::stoi(s))->identifier);
-    }
+    for (const std::string& s : shorthand)
+        ids.emplace_back(s == "_"   ? ToolbarItems::kSpace
+                         : s == "~" ? ToolbarItems::kFlexibleSpace
+                         : s == "?" ? "Some Other Toolbar Item"
+                                    : ToolbarItems::FindTag(std::stoi(s))->identifier);
     return ids;
 }
 
