@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "CameraFiles.h"
 #include "SidebarTestSupport.h"
 #include "core/Settings.h"
 #include "model/CameraSearch.h"
@@ -141,11 +142,11 @@ TEST_F(FolderTreeTest, SubfolderMarkCountsHiddenNamesButNotPackagesOrDots) {
 
 TEST_F(FolderTreeTest, ExifMarkReadsOnlyDirectPictures) {
     test::ScratchTree pics;
-    pics.Picture("withthumb/IMG_0001.JPG");
+    fixtures::WriteCameraFolder(pics.Path("withthumb"), {"IMG_0001.JPG"});
     pics.Text("withthumb/zz.txt");
-    pics.Picture("nothumb/IMG_0002.jpg", false);
-    pics.Picture("nested/100CANON/IMG_0003.JPG");
-    pics.Picture("wrongext/IMG_0004.txt");
+    fixtures::WriteCameraFolder(pics.Path("nothumb"), {"IMG_0002.jpg"}, 0);
+    fixtures::WriteCameraFolder(pics.Path("nested/100CANON"), {"IMG_0003.JPG"});
+    fixtures::WriteCameraFolder(pics.Path("wrongext"), {"IMG_0004.txt"});
     pics.Text("broken/IMG_0005.JPG", "\xFF\xD8\xFF\xE1\xFF\xFF garbage");
     pics.Dirs({"dironly/fake.jpg"});
     const struct {
@@ -165,7 +166,7 @@ TEST_F(FolderTreeTest, ExifMarkReadsOnlyDirectPictures) {
             c.exif)
             << c.folder << " " << c.markExif << c.noThumb;
     // The switch off marks no row, even of a folder full of pictures.
-    desk_.Picture("b/IMG_0001.JPG");
+    fixtures::WriteCamera(desk_.Path("b/IMG_0001.JPG"));
     for (bool mark : {true, false}) {
         FolderTree tree = Tree(mark);
         tree.MakeTable({});

@@ -10,6 +10,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "CameraFiles.h"
 #include "SidebarTestSupport.h"
 #include "core/Settings.h"
 #include "model/FolderTree.h"
@@ -26,7 +27,7 @@ class SidebarViewTest : public ::testing::Test {
   protected:
     void SetUp() override {
         home_.Dirs({"config", "Desktop/Alpha/One", "Desktop/Alpha/Two", "Desktop/Beta/c"});
-        home_.Picture("Desktop/Beta/IMG_0001.JPG");
+        fixtures::WriteCamera(home_.Path("Desktop/Beta/IMG_0001.JPG"));
         v1_.Dirs({"v1a", "v1b"});
         v2_.Dirs({"v2a"});
         card_.Dirs({"DCIM/CANONMSC", "DCIM/100CANON", "MISC"});
