@@ -8,7 +8,6 @@
 #include <stdlib.h>
 
 #include <QTest>
-#include <QTimer>
 
 #include "CameraFiles.h"
 #include "SidebarTestSupport.h"
@@ -151,7 +150,6 @@ TEST_F(SidebarViewTest, OpenRowsAndTheSelectedFolderSurviveMountsAndUnmounts) {
     EXPECT_EQ(Selected(), c);
     for (const std::string& p : {v1_.Str(), v2_.Str(), alpha_, beta_})
         EXPECT_TRUE(IsOpen(p)) << p;
-    EXPECT_EQ(view_->gFI, "");
 
     // The removal of an open volume above the selection moves it by more than one row; a
     // path that is not listed changes nothing.
@@ -184,7 +182,6 @@ TEST_F(SidebarViewTest, AMountedCardIsOpenedDownToItsNumberedFolderAndSelected) 
     EXPECT_FALSE(view_->AutoSelecting());
     EXPECT_EQ(Selected(), folder);
     EXPECT_EQ(view_->gFI, card_.Str());
-    EXPECT_TRUE(IsOpen(card_.Str("DCIM")));
     EXPECT_FALSE(IsOpen(v1_.Str()));
     EXPECT_EQ(Row(folder), Row(card_.Str()) + 2);  // "DCIM" before "MISC", "100" first
 
@@ -194,37 +191,12 @@ TEST_F(SidebarViewTest, AMountedCardIsOpenedDownToItsNumberedFolderAndSelected) 
     view_->AutoSelect();
     ASSERT_TRUE(QTest::qWaitFor([&] { return !view_->gFI.empty(); }, 10000));
     EXPECT_EQ(std::make_pair(view_->gFI, Selected()), std::make_pair(card_.Str(), folder));
-
-    // Without any volume row a mount inserts nothing.
-    SetVolumes({});
-    const int rows = view_->VisibleRowCount();
-    view_->getPost(Event::Mount, card_.Str());
-    EXPECT_EQ(view_->VisibleRowCount(), rows);
 }
 
-// A card whose folders do not answer: its row shows at once, plain and closed, the window's
-// events keep coming, and when the card answers at last it is opened and selected.
-TEST_F(SidebarViewTest, ACardThatDoesNotAnswerHoldsNeitherTheWindowNorItsEnd) {
-    auto stuck = std::make_shared<test::GateLister>(card_.Str());
-    MakeView(stuck);
-    ASSERT_TRUE(Settled());
-    view_->getPost(Event::Mount, card_.Str());
-    const int row = Row(card_.Str());
-    ASSERT_GT(row, 0);
-    int beats = 0;
-    QTimer heartbeat;
-    QObject::connect(&heartbeat, &QTimer::timeout, [&] { ++beats; });
-    heartbeat.start(1);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return beats >= 20 && stuck->Waiting(); }, 10000));
-    EXPECT_FALSE(view_->model()->hasChildren(view_->IndexOfRow(row)));
-    EXPECT_TRUE(seen_.empty());
-    stuck->Release();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !seen_.empty(); }, 10000));
-    EXPECT_EQ(Selected(), card_.Str("DCIM/100CANON"));
-    EXPECT_TRUE(IsOpen(card_.Str()));
-
-    // A volume above the card that does not answer holds the card's selection back until the
-    // volume is taken away. Then the view is closed while a worker still waits in it.
+// A volume above a mounted card does not answer: the card's row shows at once, and its folder is
+// selected only once the volume is taken away. Then the view is closed while a worker still waits
+// in it.
+TEST_F(SidebarViewTest, AVolumeThatDoesNotAnswerHoldsTheCardBackUntilItGoes) {
     auto gate = std::make_shared<test::GateLister>(v1_.Str());
     MakeView(gate);
     seen_.clear();
