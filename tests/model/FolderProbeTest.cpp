@@ -50,8 +50,11 @@ TEST(FolderProbe, AnswersWhatTheFileSystemSaysAndGivesUpOnAStuckOne) {
     FolderProbe stuck(20ms, Through(gate));
     for (int i = 0; i < FolderProbe::kMaxStuck; ++i)
         EXPECT_EQ(stuck.IsFolder("/dead"), std::nullopt);
-    // No more threads are left behind once the bound is reached.
+    // No more threads are left behind once the bound is reached, and a scan is refused.
     EXPECT_EQ(stuck.IsFolder("/dead"), std::nullopt);
+    ScanController scan;
+    scan.SetFolderProbe(stuck);
+    EXPECT_FALSE(scan.Begin(dir.path().string(), 320, false));
     gate->Open();
     for (int i = 0; i < 400 && stuck.Stuck() > 0; ++i)
         std::this_thread::sleep_for(5ms);
@@ -60,15 +63,6 @@ TEST(FolderProbe, AnswersWhatTheFileSystemSaysAndGivesUpOnAStuckOne) {
         EXPECT_EQ(gate->asked, FolderProbe::kMaxStuck);
     }
     EXPECT_EQ(stuck.IsFolder("/back"), std::optional<bool>(true));
-}
-
-TEST(FolderProbe, AScanOfAFolderThatDoesNotAnswerIsRefused) {
-    fixtures::ScratchDir dir;
-    auto gate = std::make_shared<Gate>();  // outlives the threads the probe leaves behind
-    ScanController scan;
-    scan.SetFolderProbe(FolderProbe(20ms, Through(gate)));
-    EXPECT_FALSE(scan.Begin(dir.path().string(), 320, false));
-    gate->Open();
 }
 
 }  // namespace
