@@ -91,19 +91,6 @@ TEST_F(FolderTreeTest, ChildrenLoadOnceAndHideTheSameNamesAtEveryDepth) {
     EXPECT_EQ(NamesOf(Children(tree, *tree.DataArray()[3])), (Names{"new", "x"}));
 }
 
-TEST_F(FolderTreeTest, LinkLoopsNeitherHangNorShow) {
-    desk_.Link(desk_.Path("selfloop"), "selfloop");
-    desk_.Link(desk_.Path(), "b/x/up");  // a way back to the Desktop, three levels down
-    FolderTree tree = Tree();
-    tree.MakeTable({});
-    EXPECT_EQ(NamesOf(tree.DataArray(), 1), shown_);
-    RowRecord& x = *Children(tree, *tree.DataArray()[3])[0];
-    ASSERT_EQ(Children(tree, x).size(), 1u);
-    RowRecord& up = *Children(tree, x)[0];
-    EXPECT_EQ(up.path, fs::canonical(desk_.Path()).string());
-    EXPECT_EQ(NamesOf(Children(tree, up)), shown_);
-}
-
 TEST_F(FolderTreeTest, SubfolderMarkCountsHiddenNamesButNotPackagesOrDots) {
     desk_.Dirs({"onlytmp/tmp", "pkg/Z.app", "pkg/.git", "empty", "linked"});
     desk_.Link(elsewhere_.Path("Target"), "linked/to");
