@@ -58,10 +58,7 @@ TEST(FolderProbe, AnswersWhatTheFileSystemSaysAndGivesUpOnAStuckOne) {
     gate->Open();
     for (int i = 0; i < 400 && stuck.Stuck() > 0; ++i)
         std::this_thread::sleep_for(5ms);
-    {
-        std::lock_guard lock(gate->m);
-        EXPECT_EQ(gate->asked, FolderProbe::kMaxStuck);
-    }
+    EXPECT_EQ(gate->asked, FolderProbe::kMaxStuck);  // read after the threads counted down
     EXPECT_EQ(stuck.IsFolder("/back"), std::optional<bool>(true));
 }
 
