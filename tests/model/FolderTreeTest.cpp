@@ -38,9 +38,9 @@ class FolderTreeTest : public ::testing::Test {
         desk_.Text("file.txt");
         desk_.Text("notes.jpg/inside.txt");  // a folder whose name looks like a picture
         elsewhere_.Dirs({"Target/sub"});
-        desk_.Link(elsewhere_.Path("Target"), "link");
-        desk_.Link(elsewhere_.Path("missing"), "dangling");
-        desk_.Link(desk_.Path("file.txt"), "filelink");
+        fs::create_symlink(elsewhere_.Path("Target"), desk_.Path("link"));
+        fs::create_symlink(elsewhere_.Path("missing"), desk_.Path("dangling"));
+        fs::create_symlink(desk_.Path("file.txt"), desk_.Path("filelink"));
     }
     FolderTree Tree(bool markExif = true, bool noThumb = false) const {
         FolderTreeOptions o = FolderTreeOptions::FromSettings(prefs_);
@@ -67,9 +67,8 @@ TEST_F(FolderTreeTest, TopLevelIsGroupThenVolumesThenShownDesktopFolders) {
     EXPECT_EQ(std::tie(rows[1]->vofo, rows[1]->path), std::make_tuple("volume", elsewhere_.Str()));
     // Byte order of the entries' own names: the link sorts as "link", shows as its target.
     EXPECT_EQ(NamesOf(rows, 3), shown_);
-    const RowRecord& link = *rows[6];
-    EXPECT_EQ(std::tie(link.alias, link.isLeaf), std::make_tuple("true", "false"));
-    EXPECT_EQ(link.path, fs::canonical(elsewhere_.Path("Target")).string());
+    EXPECT_EQ(std::tie(rows[6]->alias, rows[6]->isLeaf, rows[6]->path),
+              std::make_tuple("true", "false", fs::canonical(elsewhere_.Path("Target")).string()));
     EXPECT_EQ(std::tie(rows[5]->alias, rows[5]->path), std::make_tuple("false", desk_.Str("b")));
 }
 
@@ -86,7 +85,7 @@ TEST_F(FolderTreeTest, ChildrenLoadOnceAndHideTheSameNamesAtEveryDepth) {
 
 TEST_F(FolderTreeTest, SubfolderMarkCountsHiddenNamesButNotPackagesOrDots) {
     desk_.Dirs({"onlytmp/tmp", "pkg/Z.app", "pkg/.git", "empty", "linked"});
-    desk_.Link(elsewhere_.Path("Target"), "linked/to");
+    fs::create_symlink(elsewhere_.Path("Target"), desk_.Path("linked/to"));
     const struct {
         const char* folder;
         bool has;
@@ -175,7 +174,7 @@ TEST_F(FolderTreeTest, CameraSearchTakesTheFirstVolumeInListOrderWithANumberedFo
     // A linked DCIM is searched through, and the row path is the link's target, as shown.
     test::ScratchTree linked, target;
     target.Dirs({"100LINK"});
-    linked.Link(target.Path(), "DCIM");
+    fs::create_symlink(target.Path(), linked.Path("DCIM"));
     found = search({linked.Str()});
     ASSERT_TRUE(found);
     const fs::path real = fs::canonical(target.Path());

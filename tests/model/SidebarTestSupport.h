@@ -26,9 +26,6 @@ class ScratchTree : public fixtures::ScratchDir {
         std::filesystem::create_directories(Path(rel).parent_path());
         std::ofstream(Path(rel)) << text;
     }
-    void Link(const std::filesystem::path& target, const std::string& rel) const {
-        std::filesystem::create_symlink(target, Path(rel));
-    }
 };
 
 // Reads the disk, except below `stuck`, where every read waits until Release: a card that
