@@ -30,18 +30,15 @@ class Inbox {
     // Applies what has come; true when something came within `limit`. A camera find is kept.
     bool Drain(FolderTree& tree, FolderTree::Edits& edits, std::chrono::milliseconds limit) {
         const auto end = std::chrono::steady_clock::now() + limit;
-        for (;;) {
-            std::deque<FolderAnswer> got;
-            {
-                std::lock_guard lock(m_);
-                got.swap(answers_);
-            }
-            for (const FolderAnswer& a : got)
-                if (auto rows = tree.Apply(a, edits)) found = rows;
-            if (!got.empty()) return true;
-            if (std::chrono::steady_clock::now() >= end) return false;
+        std::deque<FolderAnswer> got;
+        do {
             std::this_thread::sleep_for(2ms);
-        }
+            std::lock_guard lock(m_);
+            got.swap(answers_);
+        } while (got.empty() && std::chrono::steady_clock::now() < end);
+        for (const FolderAnswer& a : got)
+            if (auto rows = tree.Apply(a, edits)) found = rows;
+        return !got.empty();
     }
     std::optional<FolderTree::CameraRows> found;
 
