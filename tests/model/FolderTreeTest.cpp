@@ -86,13 +86,11 @@ TEST_F(FolderTreeTest, ChildrenLoadOnceAndHideTheSameNamesAtEveryDepth) {
 TEST_F(FolderTreeTest, SubfolderMarkCountsHiddenNamesButNotPackagesOrDots) {
     desk_.Dirs({"onlytmp/tmp", "pkg/Z.app", "pkg/.git", "empty", "linked"});
     fs::create_symlink(elsewhere_.Path("Target"), desk_.Path("linked/to"));
-    const struct {
-        const char* folder;
-        bool has;
-    } cases[] = {{"onlytmp", true}, {"pkg", false}, {"empty", false},
-                 {"linked", true},  {"b/x", false}, {"missing", false}};
-    for (const auto& c : cases)
-        EXPECT_EQ(FolderTree::HasSubFolder(desk_.Str(c.folder)), c.has) << c.folder;
+    const std::pair<const char*, bool> cases[] = {{"onlytmp", true}, {"pkg", false},
+                                                  {"empty", false},  {"linked", true},
+                                                  {"b/x", false},    {"missing", false}};
+    for (const auto& [folder, has] : cases)
+        EXPECT_EQ(FolderTree::HasSubFolder(desk_.Str(folder)), has) << folder;
 
     // A folder whose only subfolder is hidden offers to open, and opens empty.
     FolderTree tree = Tree();

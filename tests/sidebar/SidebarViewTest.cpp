@@ -46,7 +46,6 @@ class SidebarViewTest : public ::testing::Test {
                     {row, path.toStdString(), view_->selectedRow, view_->AutoSelecting()});
             });
     }
-    void TearDown() override { view_.reset(); }
     // Every loaded row has its answers, and every row asked to open has its rows.
     static bool Answered(const RowRecord::Rows& rows) {
         for (const auto& r : rows) {
@@ -86,8 +85,8 @@ class SidebarViewTest : public ::testing::Test {
     };
     test::ScratchTree home_, v1_, v2_, v3_, card_;
     Settings prefs_;
-    std::unique_ptr<SidebarView> view_;
     std::vector<Seen> seen_;
+    std::unique_ptr<SidebarView> view_;  // goes first, while what it reports to is still there
     std::string alpha_ = home_.Str("Desktop/Alpha"), beta_ = home_.Str("Desktop/Beta");
 };
 
