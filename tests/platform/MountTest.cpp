@@ -58,25 +58,22 @@ TEST(MountChangesTest, ReportsEveryMountAndUnmountByTopEntry) {
     EXPECT_EQ(after.Find("/mnt/over")->source + (after.Find("/nothing") ? "?" : ""), "tmpfs");
 }
 
-void Write(const fs::path& file, const std::string& text) {
-    std::ofstream(file, std::ios::binary | std::ios::trunc) << text;
-}
-
 TEST(MountChangesTest, MonitorReportsAChangeOnceAndIgnoresFailedReads) {
     fixtures::ScratchDir dir("lvx-monitor");
     const fs::path file = dir.path() / "mountinfo";
-    Write(file, std::string(kRoot) + "30 20 8:17 / /media/ann/A rw - vfat /dev/sdb1 rw\n");
+    auto write = [&](const std::string& text) { std::ofstream(file) << text; };
+    write(std::string(kRoot) + "30 20 8:17 / /media/ann/A rw - vfat /dev/sdb1 rw\n");
 
     MountMonitor monitor(file);
     EXPECT_TRUE(monitor.Check().Empty());
 
-    Write(file, std::string(kRoot) + "31 20 8:33 / /media/ann/B rw - vfat /dev/sdc1 rw\n");
+    write(std::string(kRoot) + "31 20 8:33 / /media/ann/B rw - vfat /dev/sdc1 rw\n");
     EXPECT_EQ(Points(monitor.Check().mounted), (Strings{"/media/ann/B"}));
 
-    Write(file, "");  // a failed read
+    write("");  // a failed read
     EXPECT_TRUE(monitor.Check().Empty());
     // Back with the card gone: compared with the last good table, not with the failed reads.
-    Write(file, kRoot);
+    write(kRoot);
     EXPECT_EQ(Points(monitor.Check().unmounted), (Strings{"/media/ann/B"}));
 }
 
