@@ -1,8 +1,8 @@
 // The sidebar view: 19-pixel rows, selection reported before selectedRow changes, clicks on
 // the header and below the rows, and volumes coming and going: rows inserted and
 // removed, open rows kept, the selection kept on its folder or dropped with its volume, and a
-// mounted camera card opened down to its numbered folder; a card that does not answer holds
-// neither the window nor its end.
+// mounted camera card opened down to its numbered folder; a volume that does not answer holds
+// the card back until it goes, and holds neither the window nor its end.
 #include <gtest/gtest.h>
 
 #include <stdlib.h>
