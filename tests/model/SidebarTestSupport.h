@@ -1,15 +1,11 @@
 #pragma once
 // A scratch folder tree for sidebar tests, removed when the case ends.
-#include <stdlib.h>
-#include <unistd.h>
-
 #include <condition_variable>
 #include <filesystem>
 #include <fstream>
 #include <mutex>
 #include <string>
 
-#include "ExifJpegBuilder.h"
 #include "ScratchDir.h"
 #include "model/FolderLister.h"
 
@@ -29,17 +25,6 @@ class ScratchTree : public fixtures::ScratchDir {
     void Text(const std::string& rel, const std::string& text = "x") const {
         std::filesystem::create_directories(Path(rel).parent_path());
         std::ofstream(Path(rel)) << text;
-    }
-    // A camera picture, with or without its embedded thumbnail.
-    void Picture(const std::string& rel, bool thumbnail = true) const {
-        std::filesystem::create_directories(Path(rel).parent_path());
-        fixtures::ExifJpegBuilder b;
-        b.Ifd0().Ascii(0x010F, "Canon");
-        if (thumbnail) b.JpegThumbnail(32, 24);
-        b.Write(Path(rel));
-    }
-    void Link(const std::filesystem::path& target, const std::string& rel) const {
-        std::filesystem::create_symlink(target, Path(rel));
     }
 };
 

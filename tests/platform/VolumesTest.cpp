@@ -74,10 +74,7 @@ TEST(VolumesTest, LabelsFollowLinksAndNamesFallBackToTheLastPartOfThePath) {
 }
 
 TEST(XdgDirsTest, ParsesTheDesktopLine) {
-    const struct {
-        const char* text;
-        std::optional<fs::path> dir;
-    } cases[] = {
+    const std::pair<const char*, std::optional<fs::path>> cases[] = {
         // clang-format off
         {"# comment\n  XDG_DESKTOP_DIR=\"$HOME/デスクトップ\"  \r\n", fs::path("/home/ann/デスクトップ")},
         {"XDG_DESKTOP_DIR=\"/data/desk/\"", fs::path("/data/desk")},
@@ -88,18 +85,17 @@ TEST(XdgDirsTest, ParsesTheDesktopLine) {
         {"XDG_DESKTOP_DIRX=\"$HOME/x\"", std::nullopt},
         // clang-format on
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(XdgDirs::ParseUserDir(c.text, "XDG_DESKTOP_DIR", "/home/ann"), c.dir) << c.text;
+    for (const auto& [text, dir] : cases)
+        EXPECT_EQ(XdgDirs::ParseUserDir(text, "XDG_DESKTOP_DIR", "/home/ann"), dir) << text;
 }
 
 TEST(XdgDirsTest, DesktopDirUsesTheFileThenTheDefaultAndOnlyWhatExists) {
     fixtures::ScratchDir scratch("lvx-xdg");
     const fs::path& dir = scratch.path();
-    fs::create_directories(dir / "config");
-    const std::string home = ::getenv("HOME") ? ::getenv("HOME") : "", config = dir / "config";
+    const std::string home = ::getenv("HOME") ? ::getenv("HOME") : "";
     ::setenv("HOME", dir.c_str(), 1);
-    ::setenv("XDG_CONFIG_HOME", config.c_str(), 1);
-    auto userDirs = [&](const char* text) { std::ofstream(dir / "config/user-dirs.dirs") << text; };
+    ::setenv("XDG_CONFIG_HOME", dir.c_str(), 1);
+    auto userDirs = [&](const char* text) { std::ofstream(dir / "user-dirs.dirs") << text; };
 
     fs::create_directory(dir / "Desktop");
     userDirs("XDG_DESKTOP_DIR=\"$HOME/Schreibtisch\"\n");
