@@ -24,6 +24,7 @@
 
 #include "CameraFiles.h"
 #include "ExifJpegBuilder.h"
+#include "ReadBack.h"
 #include "ScratchDir.h"
 #include "ScriptedPrompter.h"
 #include "app/App.h"
@@ -109,10 +110,6 @@ class MainWindowTest : public ::testing::Test {
         b.Gps().Ascii(0x0003, "E").Rational(0x0004, {{139, 1}, {45, 1}, {0, 1}});
         b.Write(dir / "IMG_0001.JPG");
         return dir;
-    }
-    static std::string Bytes(const fs::path& file) {
-        std::ifstream f(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(f), {}};
     }
 
     fixtures::ScratchDir scratch_;
@@ -292,7 +289,7 @@ TEST_F(MainWindowTest, EjectsFromTheRowAndAtTheQuitRunTheScriptAndSayWhatWentWro
     std::ofstream(go) << "";
     ASSERT_TRUE(QTest::qWaitFor([&] { return !prompter_.asked.isEmpty(); }, 10000));
     EXPECT_EQ(prompter_.asked, QStringList({"error code: 3"}));
-    EXPECT_EQ(Bytes(log), card + "\n");
+    EXPECT_EQ(fixtures::ReadText(log), card + "\n");
     EXPECT_GT(o->RowOfPath(card), 0);
     EXPECT_TRUE(w_->Watcher()->Observing());
 
@@ -310,7 +307,7 @@ TEST_F(MainWindowTest, EjectsFromTheRowAndAtTheQuitRunTheScriptAndSayWhatWentWro
     w_->UnmountCam();
     EXPECT_EQ(prompter_.asked, QStringList({"error code: 3", "error code: 3"}));
     EXPECT_FALSE(w_->Watcher()->Observing());
-    EXPECT_EQ(Bytes(log), card + "\n/proc\n");
+    EXPECT_EQ(fixtures::ReadText(log), card + "\n/proc\n");
 
     w_->SetEjectScript(root_ / "missing.sh");
     prompter_.asked.clear();
@@ -338,7 +335,8 @@ TEST_F(MainWindowTest, EachContextMenuTextReachesItsCommand) {
         {"右に回転",
          [&] { return items[0].rot == 1 && items[0].w == 75 && items[1].x == x1 - 25; }},
         {"左に回転", [&] { return items[0].rot == 0 && items[0].w == 100 && items[1].x == x1; }},
-        {"exif形式で書き出し...", [&] { return Bytes(thumb).substr(0, 2) == "\xFF\xD8"; }},
+        {"exif形式で書き出し...",
+         [&] { return fixtures::ReadText(thumb).substr(0, 2) == "\xFF\xD8"; }},
         {"クリップボードにコピー",
          [&] { return QGuiApplication::clipboard()->image().size() == QSize(100, 75); }},
         {"Exif情報",
@@ -348,8 +346,9 @@ TEST_F(MainWindowTest, EachContextMenuTextReachesItsCommand) {
          }},
         {"Google Earthを起動",
          [&] {
-             return QTest::qWaitFor([&] { return !Bytes(handed).empty(); }, 5000) &&
-                    Bytes(Bytes(handed)).find("<coordinates>139.75,35.675,0") != std::string::npos;
+             return QTest::qWaitFor([&] { return !fixtures::ReadText(handed).empty(); }, 5000) &&
+                    fixtures::ReadText(fixtures::ReadText(handed))
+                            .find("<coordinates>139.75,35.675,0") != std::string::npos;
          }},
     };
     std::unique_ptr<QMenu> menu(w_->BuildContextMenu(nullptr));

@@ -15,6 +15,7 @@
 
 #include "../app/ScriptedPrompter.h"
 #include "CameraFiles.h"
+#include "ReadBack.h"
 #include "ScratchDir.h"
 #include "browser/ScanProgressStrip.h"
 #include "browser/ScanWorker.h"
@@ -30,11 +31,6 @@ namespace fs = std::filesystem;
 const QString kRotated = QStringLiteral("回転画像はexif形式で書き出しできません。");
 const QString kOriented = QStringLiteral(
     "表示画像はexifの情報に従って回転していますが、exif形式では回転なしで書き出されます。");
-
-std::vector<std::uint8_t> Bytes(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 bool Near(Color a, Color b) {
     return std::abs(a.r - b.r) <= 6 && std::abs(a.g - b.g) <= 6 && std::abs(a.b - b.b) <= 6;
@@ -98,7 +94,7 @@ class ExportTest : public ::testing::Test {
 // has been confirmed; a cancel writes nothing.
 TEST_F(ExportTest, ExifFormAsksAboutTurnsAndWritesTheStoredBytes) {
     const fixtures::Layout layout = AddCameraItem("IMG_0001.JPG");
-    const auto source = Bytes(card_ / "IMG_0001.JPG");
+    const auto source = fixtures::ReadBytes(card_ / "IMG_0001.JPG");
     const std::vector<std::uint8_t> stored(source.begin() + layout.thumbStart,
                                            source.begin() + layout.thumbStart + layout.thumbLength);
     ItemRotation::RotateImageRSingle(items_[0]);
@@ -128,7 +124,7 @@ TEST_F(ExportTest, ExifFormAsksAboutTurnsAndWritesTheStoredBytes) {
         ctl_.ExportThumbNail(1, 0, ExportController::kExif);
         EXPECT_EQ(prompter_.asked, c.asked);
         EXPECT_EQ(fs::exists(target), c.written);
-        EXPECT_EQ(Bytes(target), c.written ? stored : std::vector<std::uint8_t>{});
+        EXPECT_EQ(fixtures::ReadBytes(target), c.written ? stored : std::vector<std::uint8_t>{});
     }
 }
 
@@ -140,7 +136,8 @@ TEST_F(ExportTest, JpegAndChosenFormatWriteTheTurnedPicture) {
     ItemRotation::RotateImageRSingle(items_[0]);
     prompter_.files = {QString::fromStdString((out_ / "R").string())};  // typed without extension
     ctl_.ExportThumbNail(1, 0, ExportController::kJpeg);
-    const Picture written = JpegCodec::Decode(Bytes(out_ / "R.jpg")), shown = items_[0].Shown();
+    const Picture written = JpegCodec::Decode(fixtures::ReadBytes(out_ / "R.jpg")),
+                  shown = items_[0].Shown();
     ASSERT_EQ(std::pair(written.Width(), written.Height()), std::pair(120, 160));
     for (const auto& [x, y] : {std::pair{0, 0}, {119, 0}, {0, 159}, {60, 40}})
         EXPECT_TRUE(Near(written.Pixel(x, y), shown.Pixel(x, y))) << x << "," << y;
@@ -162,11 +159,11 @@ TEST_F(ExportTest, JpegAndChosenFormatWriteTheTurnedPicture) {
         EXPECT_EQ(reader.format().toStdString(), c.format) << c.typed;
         EXPECT_EQ(reader.size(), QSize(120, 160)) << c.typed;
     }
-    const auto source = Bytes(card_ / "IMG_0001.JPG");
+    const auto source = fixtures::ReadBytes(card_ / "IMG_0001.JPG");
     prompter_.filterAnswer = Filter("png");
     prompter_.files = {QString::fromStdString((card_ / "IMG_0001.JPG").string())};
     ctl_.ExportThumbNail(1, 0, ExportController::kAs);
-    EXPECT_EQ(Bytes(card_ / "IMG_0001.JPG"), source);
+    EXPECT_EQ(fixtures::ReadBytes(card_ / "IMG_0001.JPG"), source);
     EXPECT_EQ(prompter_.asked.back(), QStringLiteral("元の画像ファイルには書き出せません。"));
 }
 
@@ -206,8 +203,8 @@ TEST_F(ExportTest, SecondStartIsRefusedAndAStopKeepsWhatWasWritten) {
     EXPECT_FALSE(strip_.JobShown());
     EXPECT_EQ(std::distance(fs::directory_iterator(out_), {}), ExportController::kFeedStep);
     for (std::size_t i = 0; i < 3; ++i) {
-        const Picture written =
-            JpegCodec::Decode(Bytes(out_ / ("IMG_" + std::to_string(1000 + i) + ".jpg")));
+        const Picture written = JpegCodec::Decode(
+            fixtures::ReadBytes(out_ / ("IMG_" + std::to_string(1000 + i) + ".jpg")));
         const Picture shown = items_[i].Shown();
         EXPECT_EQ(std::pair(written.Width(), written.Height()),
                   std::pair(shown.Width(), shown.Height()))
@@ -238,7 +235,7 @@ TEST_F(ExportTest, ExportAllNeverReplacesASourcePicture) {
     EXPECT_EQ(fs::file_size(card_ / "b.jpg"), 8u);  // "source b", not an export
     EXPECT_EQ(fs::file_size(card_ / "D.jpg"), 8u);
     for (const fs::path& written : {card_ / "IMG_1000.jpg", out_ / "b.jpg", out_ / "D.jpg"})
-        EXPECT_FALSE(JpegCodec::Decode(Bytes(written)).IsNull()) << written;
+        EXPECT_FALSE(JpegCodec::Decode(fixtures::ReadBytes(written)).IsNull()) << written;
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <iterator>
 
 #include "../app/ScriptedPrompter.h"
+#include "ReadBack.h"
 #include "ScratchDir.h"
 #include "browser/GoogleEarthHandOff.h"
 #include "core/KmlPlacemark.h"
@@ -40,8 +41,7 @@ struct GoogleEarthHandOffTest : ::testing::Test {
     // The programs run detached: wait for the record.
     std::string Given(const std::string& record) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return fs::exists(dir.path() / record); }, 10000));
-        std::ifstream in(dir.path() / record);
-        return {std::istreambuf_iterator<char>(in), {}};
+        return fixtures::ReadText(dir.path() / record);
     }
 };
 

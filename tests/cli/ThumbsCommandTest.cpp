@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "CommandOutput.h"
+#include "ReadBack.h"
 #include "cli/ThumbsCommand.h"
 #include "core/JpegCodec.h"
 #include "exif/ExifReader.h"
@@ -16,11 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using Bytes = std::vector<std::uint8_t>;
-
-Bytes ReadBytes(const fs::path& p) {
-    std::ifstream f(p, std::ios::binary);
-    return {std::istreambuf_iterator<char>(f), {}};
-}
 
 // Re-encoded files are the pictures the program shows: turned by the thumbnail's orientation and
 // encoded at the highest quality.
@@ -43,22 +39,23 @@ TEST(ThumbsCommand, WritesEachThumbnailOnceKeepsExistingFilesAndReportsFailedWri
               "skip: b.JPG: 同じ名前のファイルがあります\n"
               "skip: c.JPG: サムネイルがありません\n"
               "skip: notes.txt: 画像ファイルの拡張子ではありません\n");
-    const Bytes source = ReadBytes(card / "a.JPG");
-    EXPECT_EQ(ReadBytes(raw / "a.JPG"), Bytes(source.begin() + la.thumbStart,
-                                              source.begin() + la.thumbStart + la.thumbLength));
-    EXPECT_EQ(ReadBytes(raw / "b.tiff"), (Bytes{'m', 'i', 'n', 'e'}));
+    const Bytes source = fixtures::ReadBytes(card / "a.JPG");
+    EXPECT_EQ(
+        fixtures::ReadBytes(raw / "a.JPG"),
+        Bytes(source.begin() + la.thumbStart, source.begin() + la.thumbStart + la.thumbLength));
+    EXPECT_EQ(fixtures::ReadBytes(raw / "b.tiff"), (Bytes{'m', 'i', 'n', 'e'}));
 
     // Re-encoded: one body.jpg a picture, into a folder the command makes.
     const Output e = RunCommand<ThumbsCommand>({card, "--verbose", "--out", jpg});
     EXPECT_EQ(e.status, 0);
     ExpectPieces(e.out, {"files 4, written 2, skipped 1,"});
     EXPECT_EQ(e.err, "skip: c.JPG: サムネイルがありません\n");
-    EXPECT_EQ(JpegCodec::Decode(ReadBytes(jpg / "b.jpg")).Width(), 8);
+    EXPECT_EQ(JpegCodec::Decode(fixtures::ReadBytes(jpg / "b.jpg")).Width(), 8);
     ExifReader x;
     x.fitem = card / "a.JPG";
     x.Orientation = true;
     x.GetThumbNail();
-    EXPECT_EQ(ReadBytes(jpg / "a.jpg"), JpegCodec::Encode(x.Thumbnail, 100));
+    EXPECT_EQ(fixtures::ReadBytes(jpg / "a.jpg"), JpegCodec::Encode(x.Thumbnail, 100));
     EXPECT_EQ(RunCommand<ThumbsCommand>({"--raw", dir.path() / "none"}).status, 1);
 
     // Neither mode writes into the folder it reads, however the target names it.

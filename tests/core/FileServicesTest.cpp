@@ -14,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "ReadBack.h"
 #include "ScratchDir.h"
 #include "core/OutputFile.h"
 
@@ -144,13 +145,6 @@ TEST(FileServices, OnlyFoldersHaveTypeAndCreator) {
     }
 }
 
-// "" for anything but a file.
-std::string ReadText(const fs::path& p) {
-    if (!fs::is_regular_file(p)) return "";
-    std::ifstream f(p, std::ios::binary);
-    return {std::istreambuf_iterator<char>(f), {}};
-}
-
 TEST(OutputFile, CreateNewWritesOnlyUnusedNames) {
     using R = OutputFile::Result;
     const std::vector<std::uint8_t> bytes{'n', 'e', 'w'};
@@ -174,7 +168,7 @@ TEST(OutputFile, CreateNewWritesOnlyUnusedNames) {
         ScratchDir dir;
         c.setup(dir.path());
         EXPECT_EQ(OutputFile::CreateNew(dir.path() / "t.jpg", bytes), c.result) << c.what;
-        EXPECT_EQ(ReadText(dir.path() / "t.jpg"), c.after) << c.what;
+        EXPECT_EQ(fixtures::ReadText(dir.path() / "t.jpg"), c.after) << c.what;
         EXPECT_FALSE(fs::exists(dir.path() / "nowhere.jpg")) << c.what;
     }
     ScratchDir dir;

@@ -7,6 +7,7 @@
 #include <iterator>
 
 #include "ExifTestSupport.h"
+#include "ReadBack.h"
 #include "ScratchDir.h"
 
 namespace lumivex::test {
@@ -139,11 +140,6 @@ TEST(Thumbnail, TheStoredFormGivesBackTheDecodedPicture) {
     }
 }
 
-std::vector<std::uint8_t> Read(const std::filesystem::path& p) {
-    std::ifstream f(p, std::ios::binary);
-    return {std::istreambuf_iterator<char>(f), {}};
-}
-
 TEST(Thumbnail, ExportBytesNamesCancelAndSource) {
     fixtures::ScratchDir scratch("lvx-export");
     const auto& dir = scratch.path();
@@ -167,7 +163,7 @@ TEST(Thumbnail, ExportBytesNamesCancelAndSource) {
         ExifJpegBuilder b = WithMake();
         c.build(b);
         const fixtures::Layout layout = b.Write(source);
-        const auto sourceBytes = Read(source);
+        const auto sourceBytes = fixtures::ReadBytes(source);
         const auto thumbStart = sourceBytes.begin() + layout.thumbStart;
         ExifReader x;
         x.fitem = source;
@@ -181,11 +177,11 @@ TEST(Thumbnail, ExportBytesNamesCancelAndSource) {
         EXPECT_EQ(suggested, c.suggested);
         EXPECT_EQ(type, c.type);
         if (!x.ret) continue;
-        EXPECT_EQ(Read(out), Bytes(thumbStart, thumbStart + layout.thumbLength));
+        EXPECT_EQ(fixtures::ReadBytes(out), Bytes(thumbStart, thumbStart + layout.thumbLength));
         // The source itself, even through a link, is never a target.
         x.SaveThumbNail([&](const ThumbnailBlock&) { return std::optional(link); });
         EXPECT_FALSE(x.ret);
-        EXPECT_EQ(Read(source), sourceBytes);
+        EXPECT_EQ(fixtures::ReadBytes(source), sourceBytes);
         // A cancel is a success that writes nothing.
         std::filesystem::remove(out);
         x.SaveThumbNail(

@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "CameraFiles.h"
+#include "ReadBack.h"
 #include "ScratchDir.h"
 #include "core/JpegCodec.h"
 #include "core/Settings.h"
@@ -16,11 +17,6 @@ namespace lumivex {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::vector<std::uint8_t> ReadBytes(const fs::path& p) {
-    std::ifstream f(p, std::ios::binary);
-    return {std::istreambuf_iterator<char>(f), {}};
-}
 
 std::string Label(const ScanItem& item) {
     return item.fname + " " + std::to_string(item.w) + "x" + std::to_string(item.h);
@@ -98,9 +94,10 @@ TEST_F(ScanTest, BatchExtractionNeverReplacesAFile) {
     ASSERT_EQ(report.skipped.size(), 2u);
     EXPECT_EQ(report.skipped[0].fname, "IMG_1.jpeg");
     EXPECT_EQ(report.skipped[1].fname, "IMG_2.JPG");
-    EXPECT_EQ(ReadBytes(out / "IMG_2.jpg"), (std::vector<std::uint8_t>{'m', 'i', 'n', 'e'}));
+    EXPECT_EQ(fixtures::ReadBytes(out / "IMG_2.jpg"),
+              (std::vector<std::uint8_t>{'m', 'i', 'n', 'e'}));
     // The first of the two with one name wins.
-    EXPECT_EQ(JpegCodec::Decode(ReadBytes(out / "IMG_1.jpg")).Width(), 40);
+    EXPECT_EQ(JpegCodec::Decode(fixtures::ReadBytes(out / "IMG_1.jpg")).Width(), 40);
 
     // Into the source folder itself: nothing is written and every thumbnail is reported.
     const auto same = BatchExtractor::Write(records, Card(), Card() / ".");
