@@ -12,10 +12,6 @@
 namespace lumivex::test {
 namespace {
 
-Output RunInfo(const std::vector<std::string>& args) {
-    return RunCommand<InfoCommand>(args);
-}
-
 TEST(InfoCommand, JsonTextExitStatusAndControlCharacters) {
     fixtures::ScratchDir dir;
     const std::string a = dir.path() / "a.JPG", b = dir.path() / "b.JPG";
@@ -31,7 +27,7 @@ TEST(InfoCommand, JsonTextExitStatusAndControlCharacters) {
     plain.Signature("JFIF");
     plain.Write(b);
 
-    const Output o = RunInfo({"--json", a, b});
+    const Output o = RunCommand<InfoCommand>({"--json", a, b});
     EXPECT_EQ(o.status, 0);
     EXPECT_EQ(o.err, "");
     const auto newline = o.out.find('\n');
@@ -47,17 +43,17 @@ TEST(InfoCommand, JsonTextExitStatusAndControlCharacters) {
               "{\"file\":\"" + b +
                   "\",\"exif\":false,\"IFD0\":{},\"IFD1\":{},\"IFDe\":{},\"IFDg\":{}}\n");
 
-    const Output text = RunInfo({a});
+    const Output text = RunCommand<InfoCommand>({a});
     EXPECT_EQ(text.status, 0);
     EXPECT_EQ(text.out.find('\r'), std::string::npos);
     ExpectPieces(text.out, {"\nMak\xc3\xa9\n", "Orientation=6\n", "LatitudeRef=N\n"});
 
-    const Output missing = RunInfo({"--json", dir.path() / "none.jpg", a});
+    const Output missing = RunCommand<InfoCommand>({"--json", dir.path() / "none.jpg", a});
     EXPECT_EQ(missing.status, 1);
     EXPECT_EQ(missing.err,
               "lumivex: " + (dir.path() / "none.jpg").string() + ": ファイルが見つかりません。\n");
     ExpectPieces(missing.out, {"none.jpg\",\"exif\":false", "a.JPG\",\"exif\":true"});
-    EXPECT_EQ(RunInfo({}).status, 2);
+    EXPECT_EQ(RunCommand<InfoCommand>({}).status, 2);
 
     // Text from a file never reaches the terminal as control characters, and a file name that
     // is not UTF-8 still names its file in JSON.
@@ -65,11 +61,11 @@ TEST(InfoCommand, JsonTextExitStatusAndControlCharacters) {
     fixtures::ExifJpegBuilder odd;
     odd.Ifd0().Ascii(0x010F, "Ma\x1b[2Jke").Ascii(0x0110, "\xc2\x9b[1m");  // ESC, then C1 CSI
     odd.Write(file);
-    const Output escaped = RunInfo({file});
+    const Output escaped = RunCommand<InfoCommand>({file});
     EXPECT_EQ(escaped.out.find_first_of("\x1b\x07\r\xff"), std::string::npos) << escaped.out;
     EXPECT_EQ(escaped.out.find("\xc2\x9b"), std::string::npos);
     ExpectPieces(escaped.out, {"\\xff\\x1b]0;t\\x07.JPG ==\n", "Ma\\x1b[2Jke\n", "\\u009b[1m\n"});
-    const Output json = RunInfo({"--json", file});
+    const Output json = RunCommand<InfoCommand>({"--json", file});
     ExpectPieces(json.out,
                  {"\"file\":\"" + dir.path().string() + "/\\udcff\\u001b]0;t\\u0007.JPG\""});
 }

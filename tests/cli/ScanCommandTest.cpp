@@ -70,20 +70,13 @@ TEST(ScanCommand, SkipReasonsAndUnreadableFoldersAgreeAcrossCommands) {
     fs::create_directories(locked);
     std::ofstream(locked / "a.jpg") << "x";
     fs::permissions(locked, fs::perms::owner_exec);  // can be entered, not listed
-    using Runner =
-        std::optional<Output> (*)(const std::vector<std::string>&, const std::function<bool()>&);
-    const struct {
-        Runner run;
-        std::vector<std::string> args;
-    } cases[] = {
-        {RunInChild<ScanCommand>, {locked}},
-        {RunInChild<ThumbsCommand>, {"--out", dir.path() / "new", locked}},
-        {RunInChild<ThumbsCommand>, {"--raw", "--out", dir.path() / "raw", locked}},
-    };
-    for (const auto& c : cases) {
-        const auto o = c.run(c.args, Unprivileged);
+    for (const auto& o :
+         {RunInChild<ScanCommand>({locked}, Unprivileged),
+          RunInChild<ThumbsCommand>({"--out", dir.path() / "new", locked}, Unprivileged),
+          RunInChild<ThumbsCommand>({"--raw", "--out", dir.path() / "raw", locked},
+                                    Unprivileged)}) {
         if (!o) GTEST_SKIP() << "cannot drop privileges here";
-        EXPECT_EQ(o->status, 1) << c.args[0];
+        EXPECT_EQ(o->status, 1);
         EXPECT_EQ(o->err, "lumivex: " + locked.string() +
                               ": フォルダを読み込めません（アクセス権がありません）。\n");
         EXPECT_EQ(o->out, "");

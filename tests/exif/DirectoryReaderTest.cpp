@@ -90,7 +90,7 @@ TEST(DirectoryReader, StoredValuesInBothByteOrders) {
         {"gps zero denominators", kGps, [](Ifd& d) { d.Rational(2, {{1, 0}, {0, 0}, {0, 0}}).Rational(6, {{5, 0}}); }, {{"Latitude1B", D(0)}, {"Altitude", S("INF m")}}, {}},
     };
     // clang-format on
-    for (const auto order : BothOrders()) {
+    for (const auto order : {ByteOrder::Little, ByteOrder::Big}) {
         for (const Case& c : cases) {
             SCOPED_TRACE(std::string(c.name) + (order == ByteOrder::Little ? " (II)" : " (MM)"));
             ExifJpegBuilder b(order);

@@ -37,10 +37,6 @@ inline const auto I = [](std::int64_t v) { return ExifValue(v); };
 inline const auto D = [](double v) { return ExifValue(v); };
 inline const auto S = [](std::string v) { return ExifValue(std::move(v)); };
 
-inline std::vector<fixtures::ByteOrder> BothOrders() {
-    return {fixtures::ByteOrder::Little, fixtures::ByteOrder::Big};
-}
-
 // The least that counts as Exif: an IFD0 holding a Make.
 inline fixtures::ExifJpegBuilder WithMake(fixtures::ByteOrder order = fixtures::ByteOrder::Little,
                                           const std::string& make = "Maker") {
