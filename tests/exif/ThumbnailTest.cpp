@@ -1,5 +1,5 @@
-// Thumbnails out of IFD1: JPEG and strips in both byte orders, the size test of strips, the
-// placeholder, the turn by the thumbnail's own orientation, and the export of the bytes.
+// Thumbnails out of IFD1: JPEG and strips, the size test of strips, the placeholder, the turn
+// by the thumbnail's own orientation, and the export of the bytes.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -36,17 +36,16 @@ std::unique_ptr<ExifReader> Thumb(const Bytes& bytes, bool orientation, bool noT
     return x;
 }
 
-// JPEG thumbnails are read in the orientation and export tests.
-TEST(Thumbnail, StripsInBothOrders) {
-    for (const auto order : {fixtures::ByteOrder::Little, fixtures::ByteOrder::Big}) {
-        const auto s = Thumb(WithMake(order).StripThumbnail(160, 120).Build(), true, false);
-        ASSERT_TRUE(s->ret);
-        ASSERT_EQ(s->Thumbnail.Width(), 160);
-        for (const auto& [px, py] : {std::pair{0, 0}, {159, 0}, {0, 119}, {77, 55}}) {
-            const auto want = fixtures::StripPixel(px, py);
-            EXPECT_EQ(s->Thumbnail.Pixel(px, py), (Color{want[0], want[1], want[2]}))
-                << px << "," << py;
-        }
+// JPEG thumbnails are read in the orientation and export tests; both byte orders of the strip
+// tags are the directory reader's.
+TEST(Thumbnail, Strips) {
+    const auto s = Thumb(WithMake().StripThumbnail(160, 120).Build(), true, false);
+    ASSERT_TRUE(s->ret);
+    ASSERT_EQ(s->Thumbnail.Width(), 160);
+    for (const auto& [px, py] : {std::pair{0, 0}, {159, 0}, {0, 119}, {77, 55}}) {
+        const auto want = fixtures::StripPixel(px, py);
+        EXPECT_EQ(s->Thumbnail.Pixel(px, py), (Color{want[0], want[1], want[2]}))
+            << px << "," << py;
     }
 }
 
