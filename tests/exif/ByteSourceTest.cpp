@@ -12,14 +12,10 @@ namespace {
 
 constexpr std::size_t kFileSize = 3'000'000;
 
-std::uint64_t Pages(std::size_t bytes) {
-    return (bytes + 4095) / 4096 * 4096;
-}
-
 TEST(ByteSource, ReadsTheHeadAsFarAsTheThumbnailNeeds) {
     using fixtures::ByteOrder;
     using fixtures::ExifJpegBuilder;
-    fixtures::ExifJpegBuilder small(ByteOrder::Little);
+    ExifJpegBuilder small(ByteOrder::Little);
     small.Ifd0().Ascii(0x010F, "Small");
     small.JpegThumbnail(32, 24).MainImage(kFileSize);
     const struct {
@@ -32,7 +28,10 @@ TEST(ByteSource, ReadsTheHeadAsFarAsTheThumbnailNeeds) {
         // One read of two pages covers a small segment.
         {"small segment", small, 32, [](const fixtures::Layout&) { return std::uint64_t{8192}; }},
         {"camera segment", fixtures::RealisticCameraBuilder(42, kFileSize, ByteOrder::Big), 160,
-         [](const fixtures::Layout& l) { return Pages(l.thumbStart + l.thumbLength); }},
+         // Whole pages up to the thumbnail's end.
+         [](const fixtures::Layout& l) -> std::uint64_t {
+             return (l.thumbStart + l.thumbLength + 4095) / 4096 * 4096;
+         }},
         // A length that ends before the directories: the head grows to its bound instead.
         {"understated length",
          fixtures::RealisticCameraBuilder(42, kFileSize, ByteOrder::Little).App1LengthOverride(100),
@@ -48,8 +47,7 @@ TEST(ByteSource, ReadsTheHeadAsFarAsTheThumbnailNeeds) {
         x.GetThumbNail();
         ASSERT_TRUE(x.ret) << c.name;
         EXPECT_EQ(x.Thumbnail.Width(), c.width) << c.name;
-        const std::uint64_t expected = c.expected(layout);
-        EXPECT_EQ(x.BytesRead(), expected) << c.name;
+        EXPECT_EQ(x.BytesRead(), c.expected(layout)) << c.name;
     }
 }
 

@@ -37,7 +37,6 @@ void ExpectRows(const ExifReader& x, const std::vector<Want>& wants) {
 // number and order of the rows the information window's.
 TEST(ExifInfoRows, CameraFileWithGps) {
     Loaded f(fixtures::RealisticCameraBuilder(1, 0, ByteOrder::Big));
-    ASSERT_TRUE(f.x.ret);
     // clang-format off
     ExpectRows(f.x, {
         {0, "タイトル ", "", false}, {0, "撮影日時 ", "2024/05/01 10:00:00", true},
@@ -61,7 +60,6 @@ TEST(ExifInfoRows, OddValues) {
     b.Exif().Short(0x9214, {10, 20, 5}).Short(0xA214, {7, 9});
     b.Gps().Rational(0x0011, {{90, 1}}).Rational(0x000B, {{25, 10}});
     Loaded f(b);
-    ASSERT_TRUE(f.x.ret);
     // clang-format off
     ExpectRows(f.x, {
         {0, "ISO感度 ", "", true}, {0, "光源 ", "", true}, {0, "Fナンバー ", "F INF", true},

@@ -29,8 +29,7 @@ TEST(GpsPosition, OneSelectedPictureWithAPosition) {
         if (c.longitude) b.Gps().Ascii(3, "E").Rational(4, {{151, 1}, {15, 1}, {0, 1}});
         b.Write(file);
         const auto got = ReadGpsPosition(c.count, c.selected, file);
-        const bool has = c.latitude && c.longitude && c.count == 1;
-        ASSERT_EQ(got.has_value(), has) << c.name;
+        ASSERT_EQ(got.has_value(), c.latitude && c.longitude && c.count == 1) << c.name;
         if (!got) continue;
         EXPECT_NEAR(got->latitude, -33.5, 1e-9);
         EXPECT_NEAR(got->longitude, 151.25, 1e-9);
