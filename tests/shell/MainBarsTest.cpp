@@ -54,11 +54,10 @@ void Drop(ToolbarItemListWidget* from, int row, ToolbarItemListWidget* to, int a
     ASSERT_NE(mime, nullptr);
     const QPoint pos = at < to->count() ? to->visualItemRect(to->item(at)).topLeft() + QPoint(2, 1)
                                         : QPoint(2, to->viewport()->height() - 2);
-    const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
     // Qt hands a drop only to the widget that the drag entered.
-    QDragEnterEvent enter(pos, actions, mime.get(), Qt::LeftButton, {});
+    QDragEnterEvent enter(pos, Qt::CopyAction | Qt::MoveAction, mime.get(), Qt::LeftButton, {});
     QApplication::sendEvent(to->viewport(), &enter);
-    QDropEvent drop(pos, actions, mime.get(), Qt::LeftButton, {});
+    QDropEvent drop(pos, Qt::CopyAction | Qt::MoveAction, mime.get(), Qt::LeftButton, {});
     QApplication::sendEvent(to->viewport(), &drop);
 }
 
@@ -89,7 +88,6 @@ TEST(ToolbarCustomizeDialogTest, ButtonsAndDropsEditTheList) {
         c.edit(dialog);
         EXPECT_EQ(Tags(dialog.Items()), c.expected) << c.what;
         EXPECT_EQ(dialog.CurrentList()->count(), static_cast<int>(dialog.Items().size()));
-        EXPECT_EQ(dialog.AllowedList()->count(), 10) << c.what;
     }
 }
 
@@ -140,17 +138,15 @@ TEST_F(MainToolBarTest, ItemsAndShownStateSurviveARestart) {
         bool shown;
     } cases[] = {{chosen, false}, {{}, true}, {ToolbarItems::DefaultItemIdentifiers(), false}};
     for (const auto& c : cases) {
+        QWidget host;
         auto bar = Make();
         bar->SetItems(c.items);
         bar->SetToolbarVisible(c.shown);
-        bar.reset();
-        QWidget host;
-        bar = Make(&host);
+        bar = Make(&host);  // reads only what the first one saved
         EXPECT_EQ(bar->Items(), c.items);
         EXPECT_EQ(bar->GetToolbarVisible(), c.shown);
         EXPECT_EQ(bar->isVisibleTo(&host), c.shown);
         EXPECT_EQ(bar->actions().size(), static_cast<qsizetype>(c.items.size()));
-        bar.reset();
     }
     EXPECT_TRUE(QFile::exists(dir.filePath("com.ZenmoraWorksJP.LumivexPlus.conf")));
     commands.SetBtnStat(1, false, nullptr);  // the state outlives the toolbars
