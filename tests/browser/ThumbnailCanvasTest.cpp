@@ -24,11 +24,9 @@ ItemRecord Item(const std::string& name, bool withPicture = true) {
     item.fname = name;
     item.w = 100;
     item.h = 75;
-    if (withPicture) {
-        Picture pict = Picture::Make(100, 75);
-        pict.Fill(Color{0x20, 0xA0, 0x40});
-        item.thumb = StoredThumbnail::FromPixels(pict);
-    }
+    Picture pict = Picture::Make(100, 75);
+    pict.Fill(Color{0x20, 0xA0, 0x40});
+    if (withPicture) item.thumb = StoredThumbnail::FromPixels(pict);
     return item;
 }
 
