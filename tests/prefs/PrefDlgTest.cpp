@@ -98,7 +98,6 @@ TEST_F(PrefDlgTest, ACancelKeepsOnlyTheLastPageShown) {
     for (const bool alt : {false, true}) {
         prefs.gPref[pref::kPrefsPage] = 5;
         PrefDlg dlg(Context(alt));
-        EXPECT_EQ(dlg.Page(), 5);
         EXPECT_EQ(dlg.windowTitle(), QStringLiteral("環境設定エキスパート"));
         EXPECT_TRUE(dlg.findChild<QAction*>(alt ? "ToolItem6" : "ToolItem1")->isChecked());
         EXPECT_EQ(dlg.findChild<QAction*>("ToolItem6") != nullptr, alt);
@@ -115,7 +114,6 @@ TEST_F(PrefDlgTest, ACancelKeepsOnlyTheLastPageShown) {
         dlg.show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&dlg));
         dlg.findChild<QAction*>("ToolItem3")->trigger();
-        EXPECT_EQ(dlg.windowTitle(), QStringLiteral("環境設定カメラ"));
         EXPECT_NE(dlg.minimumSize(), dlg.maximumSize());
         ASSERT_TRUE(QTest::qWaitFor([&] { return dlg.minimumSize() == dlg.maximumSize(); }));
         moved = dlg.size();
