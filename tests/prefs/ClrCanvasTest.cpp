@@ -14,15 +14,12 @@ TEST(ClrCanvasTest, PaintsASwatchInABlackFrameAndTakesThePickedColour) {
     ScriptedPrompter prompter;
     ClrCanvas swatch(prompter);
     swatch.resize(20, 10);
-    for (const std::int64_t value : {std::int64_t{0x3366CC}, std::int64_t{0xFFFFFF}}) {
-        swatch.SetClr(value);
-        const QImage shot = swatch.grab().toImage();
-        const QColor c(static_cast<QRgb>(value));
-        EXPECT_EQ(shot.pixelColor(0, 0), QColor(Qt::black));
-        EXPECT_EQ(shot.pixelColor(19, 9), QColor(Qt::black));
-        EXPECT_EQ(shot.pixelColor(1, 1).rgb() & 0xFFFFFF, c.rgb() & 0xFFFFFF);
-        EXPECT_EQ(shot.pixelColor(18, 8).rgb() & 0xFFFFFF, c.rgb() & 0xFFFFFF);
-    }
+    swatch.SetClr(0x20FFE0);
+    const QImage shot = swatch.grab().toImage();
+    EXPECT_EQ(shot.pixelColor(0, 0), QColor(Qt::black));
+    EXPECT_EQ(shot.pixelColor(19, 9), QColor(Qt::black));
+    EXPECT_EQ(shot.pixelColor(1, 1), QColor(0x20, 0xFF, 0xE0));
+    EXPECT_EQ(shot.pixelColor(18, 8), QColor(0x20, 0xFF, 0xE0));
 
     // The picker starts from the swatch's colour; a cancel keeps it.
     swatch.SetClr(0x112233);
