@@ -126,14 +126,6 @@ TEST_F(FolderTreeTest, ExifMarkReadsOnlyDirectPictures) {
             FolderTree::HasExifFile(pics.Str(c.folder), Tree(c.markExif, c.noThumb).Options()),
             c.exif)
             << c.folder << " " << c.markExif << c.noThumb;
-    // The switch off marks no row, even of a folder full of pictures.
-    fixtures::WriteCamera(desk_.Path("b/IMG_0001.JPG"));
-    for (bool mark : {true, false}) {
-        FolderTree tree = Tree(mark);
-        tree.MakeTable({});
-        tree.Settle();
-        EXPECT_EQ(tree.DataArray()[3]->exif, mark ? "true" : "false");
-    }
 }
 
 TEST(CameraSearchTest, ThreeDigitsStartAnImageFolder) {
