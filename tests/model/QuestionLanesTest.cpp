@@ -127,7 +127,6 @@ TEST(CameraSearchTest, TheFirstVolumeInListOrderWinsWhateverOrderTheAnswersComeI
         {"card first, then a plain volume above",
          {answer(7, "/b", "/b/DCIM/100"), answer(7, "/a", "")}, {}, {}, "/b"},
         {"card below a volume that never answers", {answer(7, "/b", "/b/DCIM/100")}, {}, {}, ""},
-        {"the volume above went away", {answer(7, "/b", "/b/DCIM/100")}, {"/a"}, {}, "/b"},
         {"a card pulled before its answer", {answer(7, "/a", ""), answer(7, "/b", "/b/DCIM/100")},
          {"/b"}, {}, ""},
         {"the volume above went away after the card answered",
