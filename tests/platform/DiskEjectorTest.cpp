@@ -2,7 +2,6 @@
 // against stand-ins for the tools it calls.
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <filesystem>
