@@ -172,7 +172,7 @@ TEST_F(SidebarViewTest, AMountedCardIsOpenedDownToItsNumberedFolderAndSelected) 
 }
 
 // A volume above a mounted card does not answer: the card's row shows at once, and its folder is
-// selected once the volume is taken away. Put back at the same place, the volume is read
+// selected only once the volume is taken away. Put back at the same place, the volume is read
 // while the worker stuck in it before still waits; the view is then closed with that worker in it.
 TEST_F(SidebarViewTest, AVolumeThatDoesNotAnswerHoldsTheCardBackUntilItGoes) {
     auto gate = std::make_shared<test::GateLister>(v1_.Str(), true);
@@ -181,6 +181,8 @@ TEST_F(SidebarViewTest, AVolumeThatDoesNotAnswerHoldsTheCardBackUntilItGoes) {
     view_->Model().Rebuild([&] { view_->Tree().MakeTable({v1_.Str()}); });
     view_->getPost(Event::Mount, card_.Str());
     ASSERT_TRUE(QTest::qWaitFor([&] { return gate->Waiting() && Row(card_.Str()) > 0; }, 10000));
+    QTest::qWait(50);
+    EXPECT_TRUE(seen_.empty());
     view_->getPost(Event::Unmount, v1_.Str());
     ASSERT_TRUE(QTest::qWaitFor([&] { return !seen_.empty(); }, 10000));
     EXPECT_EQ(Selected(), card_.Str("DCIM/100CANON"));
