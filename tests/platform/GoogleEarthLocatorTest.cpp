@@ -35,7 +35,6 @@ TEST(GoogleEarthLocator, SearchAndKind) {
         // clang-format off
         {"Pro under the root", {"root/pro/google-earth-pro*", "root/free/google-earth*"}, "", "", "root/pro/google-earth-pro", 2},
         {"Pro on PATH through a link", {"o/google-earth-pro*", "bin/google-earth-pro->o/google-earth-pro"}, "", "", "bin/google-earth-pro", 2},
-        {"the free edition", {"root/free/google-earth*"}, "", "", "root/free/google-earth", 1},
         {"free edition's command linked to Pro", {"o/google-earth*", "bin/google-earth->o/google-earth"}, "", "", "bin/google-earth", 2},
         {"the stored path first", {"root/pro/google-earth-pro*", "root/free/google-earth*"}, "root/free/google-earth", "", "root/free/google-earth", 1},
         {"then the earlier path form", {"root/pro/google-earth-pro*", "o/ge*"}, "gone", "o/ge", "o/ge", 2},
