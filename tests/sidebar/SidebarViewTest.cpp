@@ -2,7 +2,7 @@
 // the header and below the rows, and volumes coming and going: rows inserted and
 // removed, open rows kept, the selection kept on its folder or dropped with its volume, and a
 // mounted camera card opened down to its numbered folder; a volume that does not answer holds
-// the card back until it goes, and holds neither the window nor its end.
+// the card back until it goes, and holds neither the window, nor itself put back, nor its end.
 #include <gtest/gtest.h>
 
 #include <stdlib.h>
