@@ -29,19 +29,18 @@ TEST(GoogleEarthLocator, SearchAndKind) {
     const struct {
         const char* name;
         std::vector<std::string> files;
-        const char *stored, *old, *found;  // relative to the scratch folder; "" for none
+        const char *stored, *old, *found;  // under the scratch folder unless absolute; "" for none
         int kind;
     } cases[] = {
         // clang-format off
         {"Pro under the root", {"root/pro/google-earth-pro*", "root/free/google-earth*"}, "", "", "root/pro/google-earth-pro", 2},
         {"Pro on PATH through a link", {"o/google-earth-pro*", "bin/google-earth-pro->o/google-earth-pro"}, "", "", "bin/google-earth-pro", 2},
-        {"the free edition", {"root/free/google-earth*"}, "", "", "root/free/google-earth", 1},
         {"free edition's command linked to Pro", {"o/google-earth*", "bin/google-earth->o/google-earth"}, "", "", "bin/google-earth", 2},
         {"the stored path first", {"root/pro/google-earth-pro*", "root/free/google-earth*"}, "root/free/google-earth", "", "root/free/google-earth", 1},
         {"then the earlier path form", {"root/pro/google-earth-pro*", "o/ge*"}, "gone", "o/ge", "o/ge", 2},
-        {"a stored folder is none", {"root/free/google-earth*"}, "root/free", "", "root/free/google-earth", 1},
-        {"no googleearth-bin beside it", {"bin/google-earth-pro"}, "bin/google-earth-pro", "", "", 0},
-        {"not executable", {"bin/google-earth", "bin/googleearth-bin"}, "", "", "", 0},
+        {"a stored folder is none", {"root/free/google-earth*", "root/free/sub/x"}, "root/free/sub", "", "root/free/google-earth", 1},
+        {"no googleearth-bin beside it", {}, "/bin/sh", "", "", 0},
+        {"not executable", {"bin/google-earth", "bin/googleearth-bin"}, "bin/google-earth", "", "", 0},
         {"nothing", {}, "", "", "", 0},
         // clang-format on
     };
