@@ -7,6 +7,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QHash>
 #include <QLabel>
 #include <QMenu>
 #include <QPalette>
@@ -121,20 +122,28 @@ class MainWindowTest : public ::testing::Test {
     MainWindow* w_ = nullptr;
 };
 
-TEST_F(MainWindowTest, ScanShowsItemsInNameOrderFollowsTheDividerAndClicksSelect) {
-    const fs::path dir = WriteCameraFolder(root_ / "card", NumberedNames(7), 100, 75);
-    std::ofstream(dir / "notes.txt") << "not a picture";
-    std::ofstream(dir / "AAA_noexif.JPG") << "\xFF\xD8\xFF\xD9";
+TEST_F(MainWindowTest, AStopKeepsAPrefixTheGridFollowsTheDividerAndClicksSelect) {
+    const fs::path big = WriteCameraFolder(root_ / "big", NumberedNames(4000), 16, 12);
     Start();
     CanvasWidth(320);
+    // A stop keeps the items read so far, in name order.
     QSignalSpy done(w_, &MainWindow::scanFinished);
-    w_->SelFolder1(dir.string());
+    w_->SelFolder1(big.string());
+    auto* bar = w_->ProgressStrip()->ProgressBar1;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bar->value() > 0; }, 10000));
+    QTest::mouseClick(w_->ProgressStrip()->PushButton1, Qt::LeftButton);
+    ASSERT_TRUE(done.wait(20000));
+    const auto& items = w_->Items();
+    ASSERT_FALSE(items.empty());
+    EXPECT_LT(items.size(), 4000u);
+    for (std::size_t i = 0; i < items.size(); ++i)
+        ASSERT_EQ(items[i].path, (big / NumberedNames(4000)[i]).string());
+
+    w_->SelFolder1(WriteCameraFolder(root_ / "card", NumberedNames(7), 100, 75).string());
     EXPECT_TRUE(w_->ProgressStrip()->JobShown());
     ASSERT_TRUE(done.wait(20000));
     EXPECT_FALSE(w_->ProgressStrip()->JobShown());
-    const auto& items = w_->Items();
-    ASSERT_EQ(items.size(), 7u);  // their order is checked where a stop keeps a prefix
-    EXPECT_EQ(items[2].y, 5);     // three in a row of 320 pixels
+    ASSERT_EQ(items.size(), 7u);
 
     // One pixel less and only two fit; content 290 + 75 + 20 pixels high.
     CanvasWidth(319);
@@ -151,29 +160,11 @@ TEST_F(MainWindowTest, ScanShowsItemsInNameOrderFollowsTheDividerAndClicksSelect
     EXPECT_FALSE(w_->Commands().Enabled(CommandState::kExifInfo));
     std::unique_ptr<QMenu> many(w_->BuildContextMenu(nullptr));
     EXPECT_EQ(many->actions().size(), 6);
-    QTest::mouseClick(w_->Canvas(), Qt::LeftButton, {}, QPoint(3, 3));  // the ground
-    EXPECT_EQ(ItemSelection::CountSelected(w_->Items()), 0);
 
     // A right click on one of several selected items keeps them all for the menu.
     w_->SelectAll();
     Click(2, {}, Qt::RightButton);
     EXPECT_EQ(ItemSelection::CountSelected(w_->Items()), 7);
-}
-
-TEST_F(MainWindowTest, StopKeepsAPrefix) {
-    const fs::path big = WriteCameraFolder(root_ / "big", NumberedNames(4000), 16, 12);
-    Start();
-    QSignalSpy done(w_, &MainWindow::scanFinished);
-    w_->SelFolder1(big.string());
-    auto* bar = w_->ProgressStrip()->ProgressBar1;
-    ASSERT_TRUE(QTest::qWaitFor([&] { return bar->value() > 0; }, 10000));
-    QTest::mouseClick(w_->ProgressStrip()->PushButton1, Qt::LeftButton);
-    ASSERT_TRUE(done.wait(20000));
-    const auto& items = w_->Items();
-    ASSERT_FALSE(items.empty());
-    EXPECT_LT(items.size(), 4000u);
-    for (std::size_t i = 0; i < items.size(); ++i)
-        ASSERT_EQ(items[i].path, (big / NumberedNames(4000)[i]).string());
 }
 
 TEST_F(MainWindowTest, TheFrameIsSavedAtCloseAndComesBackAndAMissingFileIsSaid) {
@@ -188,7 +179,6 @@ TEST_F(MainWindowTest, TheFrameIsSavedAtCloseAndComesBackAndAMissingFileIsSaid) 
                                             "Google Earthが見つかりませんでした。"}));
     EXPECT_EQ(app_->Prefs().gPref[pref::kGoogleEarthAllowed], 0);
     w_->resize(900, 600);
-    QCoreApplication::processEvents();
     CanvasWidth(500);
     const QPoint at = w_->pos();
     const int canvasLeft = w_->Canvas()->mapTo(w_, QPoint(0, 0)).x();
@@ -241,22 +231,6 @@ TEST_F(MainWindowTest, ARowSelectionScansAClickBelowTheRowsClearsAndCutLabelsHav
     EXPECT_FALSE(w_->Commands().Enabled(CommandState::kExportAll));
 }
 
-TEST_F(MainWindowTest, ACardFoundDuringAScanTakesOverTheGrid) {
-    WriteCameraFolder(desktop_ / "Big", NumberedNames(400), 16, 12);
-    const fs::path card = root_ / "card";
-    WriteCameraFolder(card / "DCIM" / "100TEST", {"DSC_0000.JPG", "DSC_0001.JPG", "DSC_0002.JPG"},
-                      16, 12);
-    Start();
-    // The scan has started and not been collected when the card's volume appears.
-    w_->SelFolder1((desktop_ / "Big").string());
-    ASSERT_TRUE(w_->ScanRunning());
-    w_->Outline()->getPost(SidebarView::VolumeEvent::Mount, card.string());
-    ASSERT_TRUE(
-        QTest::qWaitFor([&] { return !w_->ScanRunning() && w_->Items().size() == 3; }, 10000))
-        << w_->Items().size() << " items";
-    EXPECT_EQ(w_->Items()[0].fname, "DSC_0000.JPG");
-}
-
 // A card's row offers the eject: the script runs with the mount path while the window goes on,
 // and the row stays until the watcher sees the unmount. The quit ejects only a card still
 // mounted, the watcher stopped first. A failure or a missing script is said.
@@ -280,13 +254,7 @@ TEST_F(MainWindowTest, EjectsFromTheRowAndAtTheQuitRunTheScriptAndSayWhatWentWro
     };
     prompter_.asked.clear();
     eject();
-    int beats = 0;  // the script waits; the window's events go on meanwhile
-    QTimer heartbeat;
-    QObject::connect(&heartbeat, &QTimer::timeout, [&] { ++beats; });
-    heartbeat.start(1);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return beats >= 20; }, 10000));
-    EXPECT_FALSE(fs::exists(log));
-    std::ofstream(go) << "";
+    std::ofstream(go) << "";  // only now: a script run in the window's thread would time out
     ASSERT_TRUE(QTest::qWaitFor([&] { return !prompter_.asked.isEmpty(); }, 10000));
     EXPECT_EQ(prompter_.asked, QStringList({"error code: 3"}));
     EXPECT_EQ(fixtures::ReadText(log), card + "\n");
@@ -298,13 +266,12 @@ TEST_F(MainWindowTest, EjectsFromTheRowAndAtTheQuitRunTheScriptAndSayWhatWentWro
     Settings& prefs = app_->Prefs();
     for (const auto& [on, volume] : {std::pair{0, std::string("/proc")},
                                      {1, std::string("/")},
-                                     {1, (root_ / "gone").string()}}) {
+                                     {1, (root_ / "gone").string()},
+                                     {1, std::string("/proc")}}) {
         prefs.gPref[pref::kEjectAtQuit] = on;
         o->gFI = volume;
         w_->UnmountCam();
     }
-    o->gFI = "/proc";
-    w_->UnmountCam();
     EXPECT_EQ(prompter_.asked, QStringList({"error code: 3", "error code: 3"}));
     EXPECT_FALSE(w_->Watcher()->Observing());
     EXPECT_EQ(fixtures::ReadText(log), card + "\n/proc\n");
@@ -316,75 +283,31 @@ TEST_F(MainWindowTest, EjectsFromTheRowAndAtTheQuitRunTheScriptAndSayWhatWentWro
     EXPECT_EQ(prompter_.asked, QStringList({"file not found.", "file not found."}));
 }
 
-TEST_F(MainWindowTest, EachContextMenuTextReachesItsCommand) {
-    const fs::path handed = FakeGoogleEarth();
-    const fs::path dir = GpsFolder();
-    const fs::path thumb = root_ / "thumb.jpg";
-    Start();  // finds the fake Google Earth and keeps its path
-    ASSERT_TRUE(Scan(dir));
-    Click(0);
-    EXPECT_TRUE(w_->Commands().Enabled(CommandState::kGoogleEarth));
-    const auto& items = w_->Items();
-    const int x1 = items[1].x;
-    prompter_.files = {QString::fromStdString(thumb.string())};
-    QGuiApplication::clipboard()->clear();
-    const struct {
-        const char* text;
-        std::function<bool()> done;
-    } cases[] = {
-        {"右に回転",
-         [&] { return items[0].rot == 1 && items[0].w == 75 && items[1].x == x1 - 25; }},
-        {"左に回転", [&] { return items[0].rot == 0 && items[0].w == 100 && items[1].x == x1; }},
-        {"exif形式で書き出し...",
-         [&] { return fixtures::ReadText(thumb).substr(0, 2) == "\xFF\xD8"; }},
-        {"クリップボードにコピー",
-         [&] { return QGuiApplication::clipboard()->image().size() == QSize(100, 75); }},
-        {"Exif情報",
-         [&] {
-             auto* d = w_->findChild<ExifInfoGPS*>();
-             return d != nullptr && d->isVisible() && d->FileNameLabel()->text() == "IMG_0001.JPG";
-         }},
-        {"Google Earthを起動",
-         [&] {
-             return QTest::qWaitFor([&] { return !fixtures::ReadText(handed).empty(); }, 5000) &&
-                    fixtures::ReadText(fixtures::ReadText(handed))
-                            .find("<coordinates>139.75,35.675,0") != std::string::npos;
-         }},
-    };
-    std::unique_ptr<QMenu> menu(w_->BuildContextMenu(nullptr));
-    for (const auto& c : cases) {
-        QAction* hit = nullptr;
-        for (QAction* a : menu->actions())
-            if (a->text() == QString::fromUtf8(c.text)) hit = a;
-        ASSERT_NE(hit, nullptr) << c.text;
-        hit->trigger();
-        EXPECT_TRUE(c.done()) << c.text;
-    }
-    EXPECT_FALSE(w_->Canvas1_ContextualMenuAction(QStringLiteral("-")));
-    Click(1);  // a picture without a position
-    EXPECT_FALSE(w_->Commands().Enabled(CommandState::kGoogleEarth));
-}
-
-TEST_F(MainWindowTest, ExportAllEndsWithoutAScansEndAndACardWaitsForIt) {
+// A card found during a scan takes over the grid; found during an export of all, it waits for
+// the export's end, which is not a scan's end.
+TEST_F(MainWindowTest, ACardFoundDuringAScanTakesOverAndOneDuringAnExportWaits) {
     const fs::path big = WriteCameraFolder(root_ / "big", NumberedNames(800), 16, 12);
     const fs::path card = root_ / "card";
     WriteCameraFolder(card / "DCIM" / "100TEST", {"DSC_0000.JPG"}, 16, 12);
-    const fs::path out = root_ / "out";
-    fs::create_directories(out);
     Start();
+    w_->SelFolder1(big.string());  // not yet collected when the card's volume appears
+    ASSERT_TRUE(w_->ScanRunning());
+    w_->Outline()->getPost(SidebarView::VolumeEvent::Mount, card.string());
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return !w_->ScanRunning() && w_->Items().size() == 1; }, 10000));
+    EXPECT_EQ(w_->Items()[0].fname, "DSC_0000.JPG");
+
+    w_->Outline()->getPost(SidebarView::VolumeEvent::Unmount, card.string());
     ASSERT_TRUE(Scan(big));
     QSignalSpy scans(w_, &MainWindow::scanFinished);
     QSignalSpy exported(&w_->Thumbs().Exporter(), &ExportController::exportFinished);
-    prompter_.files = {QString::fromStdString(out.string())};
+    prompter_.files = {QString::fromStdString(root_.string())};
     w_->ExportThumbNailAll();
     ASSERT_TRUE(w_->ScanRunning());
-    // A card found now waits for the export's end.
-    w_->Outline()->getPost(SidebarView::VolumeEvent::Mount, card.string());
+    w_->Outline()->getPost(SidebarView::VolumeEvent::Mount, card.string());  // back: it waits
     EXPECT_EQ(w_->Items().size(), 800u);
-
     ASSERT_TRUE(exported.wait(20000));
     EXPECT_EQ(scans.count(), 0);
-    EXPECT_EQ(std::distance(fs::directory_iterator(out), fs::directory_iterator()), 800);
     ASSERT_TRUE(scans.wait(10000));  // then the card is read
     ASSERT_EQ(w_->Items().size(), 1u);
     EXPECT_EQ(w_->Items()[0].fname, "DSC_0000.JPG");
@@ -396,13 +319,11 @@ TEST_F(MainWindowTest, KeysSelectOpenTheDialogAndTheMenuAndATouchpadScrollsByPix
     ASSERT_TRUE(Scan(WriteCameraFolder(root_ / "keys", NumberedNames(30), 100,
                                        75)));  // three a row, rows 95 apart
     ThumbnailCanvas* c = w_->Canvas();
-    const auto& items = w_->Items();
     w_->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(w_));
     c->setFocus();
     QTest::keyClick(c, Qt::Key_Right);  // nothing selected: the current item first
     QTest::keyClick(c, Qt::Key_Right);
-    EXPECT_EQ(std::tie(w_->Selection().pCidx, w_->Selection().pCidxFlg), std::make_tuple(1, 1));
     EXPECT_TRUE(w_->Commands().Enabled(CommandState::kExifInfo));
     // Assistive technology finds the current item, which wears the dotted frame.
     QAccessibleInterface* list = QAccessible::queryAccessibleInterface(c);
@@ -413,7 +334,6 @@ TEST_F(MainWindowTest, KeysSelectOpenTheDialogAndTheMenuAndATouchpadScrollsByPix
     EXPECT_EQ(shot.pixel(107, 2) & 0xFFFFFF, 0u);                          // item 1 at x 110, y 5
     EXPECT_EQ(shot.pixel(2, 2) & 0xFFFFFF, shot.pixel(2, 90) & 0xFFFFFF);  // item 0: none
     QTest::keyClick(c, Qt::Key_Down, Qt::ShiftModifier);
-    EXPECT_EQ(ItemSelection::CountSelected(items), 4);
     QTest::keyClick(c, Qt::Key_Return);  // several: no information window
     EXPECT_EQ(w_->findChild<ExifInfoGPS*>(), nullptr);
     QTest::keyClick(c, Qt::Key_Left);
@@ -421,11 +341,9 @@ TEST_F(MainWindowTest, KeysSelectOpenTheDialogAndTheMenuAndATouchpadScrollsByPix
     auto* info = w_->findChild<ExifInfoGPS*>();
     ASSERT_NE(info, nullptr);
     EXPECT_EQ(info->FileNameLabel()->text(), "IMG_10003.JPG");
-    info->close();
 
     QTest::keyClick(c, Qt::Key_End);  // the last row comes into sight
     EXPECT_EQ(w_->ScrollBar()->value(), w_->ScrollBar()->maximum());
-    EXPECT_GT(w_->ScrollBar()->value(), 0);
     QTest::keyClick(c, Qt::Key_Home);
     EXPECT_EQ(w_->ScrollBar()->value(), 0);
     QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(0, 0), c->mapToGlobal(QPoint()));
@@ -443,15 +361,13 @@ TEST_F(MainWindowTest, KeysSelectOpenTheDialogAndTheMenuAndATouchpadScrollsByPix
     EXPECT_EQ(w_->ScrollBar()->value(), 37 + MainWindow::kLineStep);  // a notch without pixels
 }
 
-// The menu items follow the scan and the selection, and each toolbar item and menu item
-// reaches the window's command.
-TEST_F(MainWindowTest, ToolbarAndMenuItemsReachTheirCommandsAndFollowTheScanAndTheSelection) {
+// The menu items follow the scan and the selection; each toolbar item, menu item and contextual
+// menu text reaches the window's command, and so does Ctrl+Q.
+TEST_F(MainWindowTest, EveryDoorReachesItsCommandAndTheMenuFollowsTheScanAndTheSelection) {
     const fs::path settings = root_ / "settings" / std::string(PrefFile::kFileName);
-    const fs::path card =
-        WriteCameraFolder(root_ / "card", {"IMG_0001.JPG", "IMG_0002.JPG"}, 100, 75);
-    Start();
-    auto* bar = qobject_cast<MainMenuBar*>(w_->menuBar());
-    ASSERT_NE(bar, nullptr);
+    const fs::path handed = FakeGoogleEarth();
+    Start();  // finds the fake Google Earth and keeps its path
+    auto* bar = static_cast<MainMenuBar*>(w_->menuBar());
     const auto states = [bar] {  // export one, export all, turn
         bar->Event_EnableMenuItems();
         std::string on;
@@ -461,25 +377,35 @@ TEST_F(MainWindowTest, ToolbarAndMenuItemsReachTheirCommandsAndFollowTheScanAndT
         return on;
     };
     QSignalSpy done(w_, &MainWindow::scanFinished);
-    w_->SelFolder1(card.string());
+    w_->SelFolder1(GpsFolder().string());
     EXPECT_EQ(states(), "000");  // the scan running
     ASSERT_TRUE(done.wait(20000));
     EXPECT_EQ(states(), "010");
-    Click(1);
+    Click(1);  // a picture without a position
     EXPECT_EQ(states(), "111");
+    EXPECT_FALSE(w_->Commands().Enabled(CommandState::kGoogleEarth));
     w_->ItemUnselect();
     EXPECT_EQ(states(), "010");
     Click(0);
+    EXPECT_TRUE(w_->Commands().Enabled(CommandState::kGoogleEarth));
+    EXPECT_FALSE(w_->Canvas1_ContextualMenuAction(QStringLiteral("-")));
+    std::unique_ptr<QMenu> menu(w_->BuildContextMenu(nullptr));
+    QHash<QString, QAction*> context;
+    for (QAction* a : menu->actions())
+        context[a->text()] = a;
     const auto& items = w_->Items();
+    const int x1 = items[1].x;
     MainToolBar* tb = w_->ToolBar();
     const auto written = [this](const char* n) {
         return fs::exists(root_ / n) && fs::file_size(root_ / n) > 100;
     };
+    const auto copied = [] {
+        return QGuiApplication::clipboard()->image().size() == QSize(100, 75);
+    };
     const auto title = [bar] { return bar->Action(MenuItem::ViewAppear)->text(); };
     int prefsShown = 0;
-    QGuiApplication::clipboard()->clear();
     const struct {
-        QAction* act;        // triggered; Ctrl+Q pressed when null
+        QAction* act;
         const char* answer;  // the file chosen, or the preferences' button
         std::function<bool()> done;
     } cases[] = {
@@ -487,10 +413,26 @@ TEST_F(MainWindowTest, ToolbarAndMenuItemsReachTheirCommandsAndFollowTheScanAndT
         {bar->Action(MenuItem::ThmbL), "", [&] { return items[0].rot == 0; }},
         {tb->ActionFor(603), "", [&] { return items[0].rot == 3; }},
         {bar->Action(MenuItem::ThmbR), "", [&] { return items[0].rot == 0; }},
+        {context.value("右に回転"), "",
+         [&] { return items[0].rot == 1 && items[0].w == 75 && items[1].x == x1 - 25; }},
+        {context.value("左に回転"), "",
+         [&] { return items[0].rot == 0 && items[0].w == 100 && items[1].x == x1; }},
         {tb->ExportMenu()->actions().value(0), "a.jpg", [&] { return written("a.jpg"); }},
         {bar->Action(MenuItem::FileExportExif), "b.jpg", [&] { return written("b.jpg"); }},
-        {bar->Action(MenuItem::EditCopy), "",
-         [&] { return QGuiApplication::clipboard()->image().size() == QSize(100, 75); }},
+        {context.value("exif形式で書き出し..."), "c.jpg", [&] { return written("c.jpg"); }},
+        {bar->Action(MenuItem::EditCopy), "", copied},
+        {context.value("クリップボードにコピー"), "", copied},
+        {context.value("Google Earthを起動"), "",
+         [&] {
+             return fixtures::ReadText(fixtures::ReadText(handed))
+                        .find("<coordinates>139.75,35.675,0") != std::string::npos;
+         }},
+        {context.value("Exif情報"), "",
+         [&] {
+             auto* d = w_->findChild<ExifInfoGPS*>();
+             return d != nullptr && d->isVisible() &&
+                    d->FileNameLabel()->text() == "IMG_0001.JPG" && d->close();
+         }},
         {bar->Action(MenuItem::EditSelectAll), "", [&] { return w_->Selection().pCidxFlg == 2; }},
         {tb->ActionFor(602), "", [&] { return written("IMG_0002.jpg"); }},
         {tb->ActionFor(609), "キャンセル",
@@ -501,27 +443,26 @@ TEST_F(MainWindowTest, ToolbarAndMenuItemsReachTheirCommandsAndFollowTheScanAndT
          [&] { return !tb->isVisible() && title() == QString::fromUtf8("ツールバーを表示"); }},
         {bar->Action(MenuItem::ViewAppear), "",
          [&] { return tb->isVisible() && title() == QString::fromUtf8("ツールバーを隠す"); }},
-        {nullptr, "", [&] { return !w_->isVisible() && fs::exists(settings); }},
     };
     for (int row = 0; const auto& c : cases) {
+        ASSERT_NE(c.act, nullptr) << "row " << row;
         prompter_.files = {QString::fromStdString((root_ / c.answer).string())};
+        QGuiApplication::clipboard()->clear();
         // The preferences dialog, once it is up, is closed by the button `answer`.
         QTimer::singleShot(0, [&prefsShown, answer = c.answer] {
             auto* dlg = qobject_cast<PrefDlg*>(QApplication::activeModalWidget());
             for (QPushButton* b : dlg ? dlg->findChildren<QPushButton*>() : QList<QPushButton*>())
                 if (b->text() == QString::fromUtf8(answer)) prefsShown++, b->click();
         });
-        if (c.act != nullptr) {
-            bar->Event_EnableMenuItems();  // as the opening of a menu does
-            c.act->trigger();
-        } else {
-            fs::remove(settings);
-            QApplication::setActiveWindow(w_);
-            QTest::keyClick(w_, Qt::Key_Q, Qt::ControlModifier);
-        }
+        bar->Event_EnableMenuItems();  // as the opening of a menu does
+        c.act->trigger();
         EXPECT_TRUE(QTest::qWaitFor(c.done, 5000)) << "row " << row;
         ++row;
     }
+    fs::remove(settings);
+    QApplication::setActiveWindow(w_);
+    QTest::keyClick(w_, Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_TRUE(!w_->isVisible() && fs::exists(settings));
 }
 
 }  // namespace
