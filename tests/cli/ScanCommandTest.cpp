@@ -64,6 +64,10 @@ TEST(ScanCommand, SkipReasonsAndUnreadableFoldersAgreeAcrossCommands) {
         EXPECT_EQ(o.status, 0);
         EXPECT_EQ(o.err, skips);
     }
+    const Output gone = RunCommand<ScanCommand>({dir.path() / "gone"});
+    EXPECT_EQ(gone.status, 1);
+    EXPECT_EQ(gone.err,
+              "lumivex: " + (dir.path() / "gone").string() + ": フォルダが見つかりません。\n");
 
     fs::permissions(dir.path(), fs::perms::all);  // the unprivileged child walks in too
     const fs::path locked = dir.path() / "locked";
